@@ -1,0 +1,55 @@
+# What every target of the tree shares: language level, warnings, self-contained DLLs, output folders.
+include_guard()
+
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
+set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/lib)
+set(CMAKE_ARCHIVE_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/lib)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+
+find_program(VANT_CCACHE ccache)
+if(VANT_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${VANT_CCACHE})
+endif()
+
+add_library(vant_build_flags INTERFACE)
+target_compile_features(vant_build_flags INTERFACE cxx_std_20)
+target_compile_options(vant_build_flags INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror
+  -fno-strict-aliasing # window user data and COM interfaces are reached through casts of pointers
+)
+target_compile_definitions(vant_build_flags INTERFACE
+  _WIN32_WINNT=0x0A00 NTDDI_VERSION=0x0A000000 NOMINMAX
+)
+# Everything of the compiler's own goes into the module, so that no run-time DLL must stand beside it.
+target_link_options(vant_build_flags INTERFACE -static -static-libgcc -static-libstdc++)
+
+function(vant_configure_target target)
+  target_link_libraries(${target} PRIVATE $<BUILD_INTERFACE:vant_build_flags>)
+  set_target_properties(${target} PROPERTIES CXX_EXTENSIONS OFF)
+endfunction()
+
+function(vant_configure_library target)
+  vant_configure_target(${target})
+  set_target_properties(${target} PROPERTIES
+    PREFIX ""
+    IMPORT_PREFIX ""
+    IMPORT_SUFFIX ".lib"
+    VERIFY_INTERFACE_HEADER_SETS ON
+  )
+  # Only what carries the export macro leaves the module.
+  target_link_options(${target} PRIVATE -Wl,--exclude-all-symbols)
+endfunction()
+
+# vant_library_sources(SOURCES ... HEADERS ... [PRIVATE_HEADERS ...])
+# Adds a folder's files to VantCore; HEADERS become part of the installed interface.
+function(vant_library_sources)
+  cmake_parse_arguments(arg "" "" "SOURCES;HEADERS" ${ARGN})
+  if(arg_SOURCES)
+    list(TRANSFORM arg_SOURCES PREPEND "${CMAKE_CURRENT_SOURCE_DIR}/")
+    target_sources(VantCore PRIVATE ${arg_SOURCES})
+  endif()
+  if(arg_HEADERS)
+    list(TRANSFORM arg_HEADERS PREPEND "${CMAKE_CURRENT_SOURCE_DIR}/")
+    target_sources(VantCore PUBLIC FILE_SET HEADERS FILES ${arg_HEADERS})
+  endif()
+endfunction()
