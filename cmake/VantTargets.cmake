@@ -31,16 +31,14 @@ endfunction()
 function(vant_configure_library target)
   vant_configure_target(${target})
   set_target_properties(${target} PROPERTIES
-    PREFIX ""
-    IMPORT_PREFIX ""
-    IMPORT_SUFFIX ".lib"
+    PREFIX "" # VantCore.dll, as its users name it; the import library keeps MinGW's form libVantCore.dll.a
     VERIFY_INTERFACE_HEADER_SETS ON
   )
   # Only what carries the export macro leaves the module.
   target_link_options(${target} PRIVATE -Wl,--exclude-all-symbols)
 endfunction()
 
-# vant_library_sources(SOURCES ... HEADERS ... [PRIVATE_HEADERS ...])
+# vant_library_sources([SOURCES ...] [HEADERS ...])
 # Adds a folder's files to VantCore; HEADERS become part of the installed interface.
 function(vant_library_sources)
   cmake_parse_arguments(arg "" "" "SOURCES;HEADERS" ${ARGN})

@@ -1,2 +1,5 @@
 #include <afx.h>
-extern "C" __declspec(dllexport) int placeholder() { return 0; }
+extern "C" __declspec(dllexport) int placeholder()
+{
+    return 0;
+}
