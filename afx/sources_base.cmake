@@ -1,8 +1,67 @@
 # Objects, strings, geometry, files, archives, time, synchronisation, threads: everything behind <afx.h> and
 # <afxmt.h>.
+target_compile_features(VantAfx PUBLIC cxx_std_20) # the headers need it too
+target_include_directories(VantAfx PRIVATE ${CMAKE_CURRENT_SOURCE_DIR}/src)
 target_sources(VantAfx
   PRIVATE
-    src/placeholder.cpp
+    src/CArchive.cpp
+    src/CArchiveException.cpp
+    src/CArchiveObjects.cpp
+    src/CCmdTarget.cpp
+    src/CCriticalSection.cpp
+    src/CEvent.cpp
+    src/CException.cpp
+    src/CFile.cpp
+    src/CFileException.cpp
+    src/CFileFind.cpp
+    src/CMemFile.cpp
+    src/CMutex.cpp
+    src/CObject.cpp
+    src/CRuntimeClass.cpp
+    src/CSimpleException.cpp
+    src/CSingleLock.cpp
+    src/CStdioFile.cpp
+    src/CStringA.cpp
+    src/CStringW.cpp
+    src/CStringWEdit.cpp
+    src/CSyncObject.cpp
+    src/CTime.cpp
+    src/CWinThread.cpp
+    src/CWinThreadPump.cpp
+    src/debug.cpp
+    src/resources.cpp
+    src/detail/CodePage.cpp
+    src/detail/WideFormat.cpp
   PUBLIC FILE_SET HEADERS BASE_DIRS include FILES
     include/afx.h
+    include/afxmt.h
+    include/vafx/CArchive.h
+    include/vafx/CArchiveException.h
+    include/vafx/CCmdTarget.h
+    include/vafx/CCriticalSection.h
+    include/vafx/CEvent.h
+    include/vafx/CException.h
+    include/vafx/CFile.h
+    include/vafx/CFileException.h
+    include/vafx/CFileFind.h
+    include/vafx/CFileStatus.h
+    include/vafx/CMemFile.h
+    include/vafx/CMutex.h
+    include/vafx/CObject.h
+    include/vafx/CPoint.h
+    include/vafx/CRect.h
+    include/vafx/CRuntimeClass.h
+    include/vafx/CSimpleException.h
+    include/vafx/CSingleLock.h
+    include/vafx/CSize.h
+    include/vafx/CStdioFile.h
+    include/vafx/CStringA.h
+    include/vafx/CStringW.h
+    include/vafx/CSyncObject.h
+    include/vafx/CTime.h
+    include/vafx/CTimeSpan.h
+    include/vafx/CWinThread.h
+    include/vafx/api.h
+    include/vafx/debug.h
+    include/vafx/resources.h
 )

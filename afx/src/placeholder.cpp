@@ -1,5 +1,0 @@
-#include <afx.h>
-extern "C" __declspec(dllexport) int placeholder()
-{
-    return 0;
-}
