@@ -7,7 +7,6 @@ target_sources(VantAfx
     src/CArchive.cpp
     src/CArchiveException.cpp
     src/CArchiveObjects.cpp
-    src/CCmdTarget.cpp
     src/CCriticalSection.cpp
     src/CEvent.cpp
     src/CException.cpp
@@ -28,6 +27,7 @@ target_sources(VantAfx
     src/CTime.cpp
     src/CWinThread.cpp
     src/CWinThreadPump.cpp
+    src/NewHandler.cpp
     src/debug.cpp
     src/resources.cpp
     src/detail/CodePage.cpp
@@ -37,7 +37,6 @@ target_sources(VantAfx
     include/afxmt.h
     include/vafx/CArchive.h
     include/vafx/CArchiveException.h
-    include/vafx/CCmdTarget.h
     include/vafx/CCriticalSection.h
     include/vafx/CEvent.h
     include/vafx/CException.h
@@ -61,6 +60,7 @@ target_sources(VantAfx
     include/vafx/CTime.h
     include/vafx/CTimeSpan.h
     include/vafx/CWinThread.h
+    include/vafx/NewHandler.h
     include/vafx/api.h
     include/vafx/debug.h
     include/vafx/resources.h

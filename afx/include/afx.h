@@ -25,5 +25,6 @@
 #include "vafx/CStringW.h"
 #include "vafx/CTime.h"
 #include "vafx/CTimeSpan.h"
+#include "vafx/NewHandler.h"
 #include "vafx/debug.h"
 #include "vafx/resources.h"

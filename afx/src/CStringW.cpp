@@ -1,6 +1,7 @@
 #include <afx.h>
 
 #include "detail/CodePage.h"
+#include "detail/NewHandler.h"
 #include "detail/WideFormat.h"
 
 #include <algorithm>
@@ -59,9 +60,7 @@ CStringW::Block* CStringW::NewBlock(int capacity)
     constexpr std::size_t grain = 16;
     const std::size_t bytes = sizeof(Block) + (static_cast<std::size_t>(capacity) + 1) * sizeof(wchar_t);
     const std::size_t rounded = (bytes + grain - 1) / grain * grain;
-    void* const memory = std::malloc(rounded);
-    if (memory == nullptr)
-        AfxThrowMemoryException();
+    void* const memory = vafx::detail::Allocate(rounded);
     return new (memory) Block{1, 0, static_cast<int>((rounded - sizeof(Block)) / sizeof(wchar_t)) - 1};
 }
 

@@ -1,7 +1,9 @@
 // CWinThread: the message loop.
 #include <afx.h>
 
+#include "detail/WndThread.h"
 #include "vafx/CWinThread.h"
+#include "vafx/CWnd.h"
 
 BOOL CWinThread::InitInstance()
 {
@@ -47,13 +49,15 @@ BOOL CWinThread::PumpMessage()
     return TRUE;
 }
 
-BOOL CWinThread::PreTranslateMessage(MSG*)
+BOOL CWinThread::PreTranslateMessage(MSG* pMsg)
 {
-    return FALSE;
+    const CWnd* const main = GetMainWnd();
+    return vafx::detail::WalkPreTranslate(main != nullptr ? main->m_hWnd : nullptr, *pMsg);
 }
 
 BOOL CWinThread::OnIdle(LONG)
 {
+    vafx::detail::FreeTemporaries();
     return FALSE;
 }
 

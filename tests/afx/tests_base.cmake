@@ -7,6 +7,7 @@ list(APPEND afx_tests
   CString.test.cpp
   CTime.test.cpp
   CWinThread.test.cpp
+  NewHandler.test.cpp
   Strings.rc
 )
 

@@ -45,12 +45,13 @@ public:
     virtual int Run();
     /** Ends the thread. @return The exit code; the default is that of WM_QUIT. */
     virtual int ExitInstance();
-    /** Sees every message before its window. @return TRUE when the message is done with. */
+    /** Sees every message before its window. The default asks the window and its parents, up to the main
+     *  window, through CWnd::PreTranslateMessage. @return TRUE when the message is done with. */
     virtual BOOL PreTranslateMessage(MSG* pMsg);
     /** Waits for a message and dispatches it. @return FALSE for WM_QUIT. */
     virtual BOOL PumpMessage();
-    /** Called while no message waits, with @p lCount 0 and upwards. @return FALSE: not again before another
-     *  message. */
+    /** Called while no message waits, with @p lCount 0 and upwards. The default frees the thread's temporary
+     *  window and GDI objects. @return FALSE: not again before another message. */
     virtual BOOL OnIdle(LONG lCount);
     /** @return FALSE for messages that do not make OnIdle start anew: painting, the caret's blinking, and a
      *  mouse that did not move. */
