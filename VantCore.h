@@ -15,3 +15,6 @@
 #include "platform/CECEntry.h"
 #include "platform/EUtil.h"
 #include "platform/Vant.h"
+#include "values/CEVal.h"
+#include "values/CStrVal.h"
+#include "values/EUnits.h"
