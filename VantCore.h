@@ -3,6 +3,7 @@
 /** @file
  *  Everything an application of VantCore needs: include this header and nothing else. */
 
+#include "core/CAoi.h"
 #include "core/CLstMgd.h"
 #include "core/CLstPtr.h"
 #include "core/CMat.h"
@@ -15,6 +16,10 @@
 #include "platform/CECEntry.h"
 #include "platform/EUtil.h"
 #include "platform/Vant.h"
+#include "settings/CESet.h"
+#include "settings/CESetCol.h"
+#include "settings/CESetItm.h"
+#include "settings/CESetObj.h"
 #include "values/CEVal.h"
 #include "values/CStrVal.h"
 #include "values/EUnits.h"

@@ -1,0 +1,149 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+/** @file
+ *  Writes a settings file as bytes. */
+
+namespace vant::detail
+{
+
+/** Puts the lines of the file together in a buffer, and hands it on whenever it is full.
+ *
+ *  Nothing is escaped: names and values go out as they are. Line ends, also those inside a value, become
+ *  carriage return and line feed, as in any file written as text. A field ends at a NUL.
+ *
+ *  `Encode` turns a field with characters beyond ASCII into bytes of the code page:
+ *  `std::string(std::basic_string_view<Char>)`. `Drain` takes `(const char*, std::size_t)`. */
+template <class Char, class Encode, class Drain>
+class SetWriter
+{
+public:
+    using Text = std::basic_string_view<Char>;
+
+    static constexpr std::size_t usualSize = std::size_t{1} << 18;
+
+    SetWriter(Encode encode, Drain drain, std::size_t bufferSize = usualSize)
+        : m_encode(std::move(encode))
+        , m_drain(std::move(drain))
+        , m_buffer(bufferSize)
+    {
+    }
+
+    void Begin(Text date)
+    {
+        Put("<?xml version=\"1.0\" ?>\r\n<Corvane date=\"");
+        Put(date);
+        Put("\">\r\n");
+    }
+
+    void BeginCollection(Text name)
+    {
+        Put("\t<Collection name=\"");
+        Put(name);
+        Put("\">\r\n");
+    }
+
+    void BeginObject(Text name, Text type)
+    {
+        Put("\t\t<Object name=\"");
+        Put(name);
+        Put("\" type=\"");
+        Put(type);
+        Put("\">\r\n");
+    }
+
+    void Item(Text name, Text value)
+    {
+        Put("\t\t\t<");
+        Put(name);
+        Put(" val=\"");
+        Put(value);
+        Put("\"/>\r\n");
+    }
+
+    void Data(Text text)
+    {
+        Put("\t\t\t<Data>");
+        Put(text);
+        Put("</Data>\r\n");
+    }
+
+    void EndObject() { Put("\t\t</Object>\r\n"); }
+    void EndCollection() { Put("\t</Collection>\r\n"); }
+
+    /** Closes the root element and hands on what is left. */
+    void End()
+    {
+        Put("</Corvane>\r\n");
+        Flush();
+    }
+
+private:
+    void Flush()
+    {
+        m_drain(m_buffer.data(), m_size);
+        m_size = 0;
+    }
+
+    void Put(std::string_view text)
+    {
+        if (m_buffer.size() - m_size < text.size())
+            Flush();
+        text.copy(m_buffer.data() + m_size, text.size());
+        m_size += text.size();
+    }
+
+    void Put(Text text)
+    {
+        if (m_buffer.size() - m_size < text.size()) {
+            Flush();
+            if (text.size() > m_buffer.size())
+                return PutEncoded(text.substr(0, text.find(Char(0))));
+        }
+        char* out = m_buffer.data() + m_size;
+        for (const Char c : text) {
+            if (!IsPlain(c))
+                return PutEncoded(text.substr(0, text.find(Char(0))));
+            *out++ = static_cast<char>(c);
+        }
+        m_size += text.size();
+    }
+
+    static constexpr bool IsPlain(Char c) noexcept
+    {
+        return static_cast<unsigned>(c) - ' ' < 0x80U - ' ' || c == Char('\t');
+    }
+
+    void PutEncoded(Text text)
+    {
+        std::string_view rest;
+        const std::string bytes = m_encode(text);
+        for (rest = bytes; !rest.empty();) {
+            const std::size_t run = rest.find('\n');
+            PutAnySize(rest.substr(0, run));
+            if (run == rest.npos)
+                break;
+            Put("\r\n");
+            rest.remove_prefix(run + 1);
+        }
+    }
+
+    void PutAnySize(std::string_view text)
+    {
+        for (; text.size() > m_buffer.size(); text.remove_prefix(m_buffer.size()))
+            Put(text.substr(0, m_buffer.size()));
+        Put(text);
+    }
+
+    Encode m_encode;
+    Drain m_drain;
+    std::vector<char> m_buffer;
+    std::size_t m_size = 0;
+};
+
+} // namespace vant::detail

@@ -1,0 +1,97 @@
+#include "settings/detail/SlotPool.h"
+
+#include <new>
+
+namespace vant::detail
+{
+
+namespace
+{
+
+class Locked
+{
+public:
+    explicit Locked(SRWLOCK& lock) noexcept
+        : m_lock(lock)
+    {
+        AcquireSRWLockExclusive(&m_lock);
+    }
+    Locked(const Locked&) = delete;
+    Locked& operator=(const Locked&) = delete;
+    ~Locked() { ReleaseSRWLockExclusive(&m_lock); }
+
+private:
+    SRWLOCK& m_lock;
+};
+
+void* NewBlock()
+{
+    for (;;) {
+        if (void* const block =
+                VirtualAlloc(nullptr, SlotPool::blockSize, MEM_RESERVE | MEM_COMMIT, PAGE_READWRITE))
+            return block;
+        const std::new_handler handler = std::get_new_handler();
+        if (handler == nullptr)
+            throw std::bad_alloc();
+        handler();
+    }
+}
+
+} // namespace
+
+void SlotPool::LinkWithRoom(Block& block) noexcept
+{
+    block.prev = nullptr;
+    block.next = m_withRoom;
+    if (m_withRoom != nullptr)
+        m_withRoom->prev = &block;
+    m_withRoom = &block;
+}
+
+void SlotPool::UnlinkWithRoom(Block& block) noexcept
+{
+    (block.prev != nullptr ? block.prev->next : m_withRoom) = block.next;
+    if (block.next != nullptr)
+        block.next->prev = block.prev;
+}
+
+void* SlotPool::Take()
+{
+    const Locked locked(m_lock);
+    if (m_withRoom == nullptr) {
+        static_assert(sizeof(Block) % alignof(std::max_align_t) == 0);
+        LinkWithRoom(*new (NewBlock()) Block{nullptr, nullptr, nullptr, 0, sizeof(Block)});
+        ++m_blocks;
+    }
+    Block& block = *m_withRoom;
+    void* slot = block.returned;
+    if (slot != nullptr) {
+        block.returned = block.returned->next;
+    } else {
+        slot = reinterpret_cast<char*>(&block) + block.fresh;
+        block.fresh += m_slotSize;
+    }
+    ++block.used;
+    if (IsFull(block))
+        UnlinkWithRoom(block);
+    return slot;
+}
+
+void SlotPool::Return(void* slot) noexcept
+{
+    if (slot == nullptr)
+        return;
+    Block& block = *reinterpret_cast<Block*>(reinterpret_cast<std::uintptr_t>(slot) & ~(blockSize - 1));
+    const Locked locked(m_lock);
+    if (IsFull(block))
+        LinkWithRoom(block);
+    block.returned = new (slot) Slot{block.returned};
+    const bool isOnlyOneWithRoom = block.prev == nullptr && block.next == nullptr;
+    if (--block.used != 0 || isOnlyOneWithRoom)
+        return;
+    UnlinkWithRoom(block);
+    --m_blocks;
+    VirtualFree(&block, 0, MEM_RELEASE);
+}
+
+} // namespace vant::detail

@@ -1,0 +1,164 @@
+#include "tests/settings/Support.h"
+
+#include "settings/detail/Percent.h"
+#include "settings/detail/Search.h"
+#include "settings/detail/SlotPool.h"
+
+#include <algorithm>
+#include <cstring>
+#include <random>
+#include <set>
+#include <thread>
+
+namespace
+{
+
+using support::Narrow;
+using vant::detail::ExpandWithoutArguments;
+using vant::detail::FindFromCursor;
+
+std::string Expanded(const wchar_t* format)
+{
+    return Narrow(std::wstring_view(ExpandWithoutArguments(std::wstring_view(format))));
+}
+
+template <class... Args>
+std::string Formatted(const wchar_t* format, Args... args)
+{
+    CString text;
+    text.Format(format, args...);
+    return Narrow(text);
+}
+
+} // namespace
+
+TEST(ExpandWithoutArguments, GivesWhatFormatGivesForZero)
+{
+    for (const wchar_t* format :
+         {L"%d",      L"%5d|",  L"%-5d|", L"%05d", L"%+d",   L"% d",  L"%+05d", L"%.3d", L"%8.3d|",
+          L"%08.3d|", L"%.0d|", L"%.d|",  L"%i",   L"%u",    L"%x",   L"%#x",   L"%X",   L"%o",
+          L"%#o",     L"%#.0o", L"%hd",   L"%ld",  L"%I32d", L"%hhd", L"%+u",   L"% x"})
+        EXPECT_EQ(Expanded(format), Formatted(format, 0)) << Narrow(format);
+    for (const wchar_t* format : {L"%I64d", L"%lld", L"%zu", L"%jd", L"%td", L"%Id", L"%20I64x|", L"%p"})
+        EXPECT_EQ(Expanded(format), Formatted(format, 0LL)) << Narrow(format);
+    for (const wchar_t* format : {L"%f",    L"%.2f", L"%10.2f|", L"%-10.2f|", L"%010.2f", L"%+f", L"% .0f",
+                                  L"%#.0f", L"%F",   L"%e",      L"%.0e",     L"%E",      L"%g",  L"%#g",
+                                  L"%G",    L"%a",   L"%.0a",    L"%A",       L"%020a",   L"%lf"})
+        EXPECT_EQ(Expanded(format), Formatted(format, 0.0)) << Narrow(format);
+    for (const wchar_t* format : {L"%s|", L"%5s|", L"%-5s|", L"%.3s|", L"%ls|", L"%ws|"})
+        EXPECT_EQ(Expanded(format), Formatted(format, L"")) << Narrow(format);
+    for (const wchar_t* format : {L"%*d|", L"%.*d|", L"%-*.3d|"})
+        EXPECT_EQ(Expanded(format), Formatted(format, 0, 0)) << Narrow(format);
+    for (const wchar_t* format :
+         {L"%%", L"100%", L"%y", L"a%-", L"%5.3", L"%I6", L"%", L"%%%", L"%5%|", L"plain", L"%Z"})
+        EXPECT_EQ(Expanded(format), Formatted(format, 0)) << Narrow(format);
+}
+
+TEST(ExpandWithoutArguments, NeverWritesAndNeverGrowsBeyondBounds)
+{
+    EXPECT_EQ(Expanded(L"a%nb"), "ab");
+    EXPECT_EQ(Expanded(L"a%cb%3c"), "ab   ");
+    EXPECT_EQ(Expanded(L"%99999999999999999999d").size(), vant::detail::widestDirective);
+    EXPECT_EQ(Expanded(L"%.99999999999999999999f").size(), vant::detail::widestDirective + 2);
+    std::wstring many;
+    for (int i = 0; i < 1000; ++i)
+        many += L"%512d";
+    EXPECT_EQ(Expanded(many.c_str()).size(), vant::detail::longestExpansion);
+}
+
+TEST(FindFromCursor, ComparesOncePerElementInWrittenOrder)
+{
+    constexpr int count = 100'000;
+    CLstMgd<int> list;
+    for (int i = 0; i < count; ++i)
+        list.AddTail(new int(i));
+    int comparisons = 0;
+    CVantPtr* cursor = nullptr;
+    const auto find = [&](int wanted) {
+        return FindFromCursor(list, cursor, [&](int each) { return ++comparisons, each == wanted; });
+    };
+    for (int round = 0; round < 2; ++round) {
+        for (int i = 0; i < count; ++i)
+            ASSERT_EQ(*find(i), i);
+    }
+    EXPECT_EQ(comparisons, 2 * count);
+
+    comparisons = 0;
+    EXPECT_EQ(*find(10), 10);
+    EXPECT_EQ(*find(9), 9); // all around, but for the one that was found before
+    EXPECT_EQ(comparisons, 11 + count - 1);
+    comparisons = 0;
+    EXPECT_EQ(find(-1), nullptr);
+    EXPECT_EQ(comparisons, count);
+    comparisons = 0;
+    EXPECT_EQ(*find(10), 10) << "a search in vain leaves the cursor where it was";
+    EXPECT_EQ(comparisons, 1);
+}
+
+TEST(FindFromCursor, EndsOnEmptyAndUnlinked)
+{
+    CLstMgd<int> list;
+    CVantPtr* cursor = nullptr;
+    const auto none = [](int) { return false; };
+    EXPECT_EQ(FindFromCursor(list, cursor, none), nullptr);
+    for (int i = 0; i < 3; ++i)
+        list.AddTail(new int(i));
+    cursor = list.FindIndex(1);
+    CVantPtr* const unlinked = cursor;
+    list.Remove(list.GetAt(cursor));
+    EXPECT_EQ(FindFromCursor(list, cursor, none), nullptr);
+    delete unlinked; // a node that the list let go
+}
+
+TEST(SlotPool, HandsOutEverySlotOnceAndReturnsItsBlocks)
+{
+    constexpr std::size_t slotSize = 24;
+    constexpr int count = 20'000; // some eight blocks
+    vant::detail::SlotPool pool(slotSize);
+    std::vector<void*> slots;
+    std::mt19937 random(1);
+    for (int round = 0; round < 3; ++round) {
+        for (int i = 0; i < count; ++i) {
+            slots.push_back(pool.Take());
+            std::memset(slots.back(), 0xAB, slotSize);
+        }
+        std::sort(slots.begin(), slots.end());
+        for (std::size_t i = 1; i < slots.size(); ++i)
+            ASSERT_GE(static_cast<char*>(slots[i]) - static_cast<char*>(slots[i - 1]),
+                      std::ptrdiff_t{slotSize});
+        EXPECT_LE(pool.BlockCount(), slots.size() * slotSize / (pool.blockSize - 2 * slotSize - 32) + 2);
+        std::shuffle(slots.begin(), slots.end(), random);
+        for (int i = 0; i < count / 2; ++i) {
+            pool.Return(slots.back());
+            slots.pop_back();
+        }
+    }
+    while (!slots.empty()) {
+        pool.Return(slots.back());
+        slots.pop_back();
+    }
+    pool.Return(nullptr);
+    EXPECT_LE(pool.BlockCount(), 1U);
+}
+
+TEST(SlotPool, ServesTreesOfSeveralThreads)
+{
+    std::vector<std::thread> threads;
+    std::array<int, 4> sums{};
+    for (int& sum : sums) {
+        threads.emplace_back([&sum] {
+            for (int round = 0; round < 20; ++round) {
+                CESet set(1);
+                CESetObj& obj = *set.AddCol(L"c")->AddObj(L"o", L"t");
+                for (int i = 0; i < 1'000; ++i)
+                    obj.Item(L"i", i);
+                for (CVantPtr* pos = obj.GetHeadPos(); pos != nullptr;)
+                    sum += _wtoi(obj.GetNext(pos)->m_value);
+            }
+        });
+    }
+    for (std::thread& thread : threads)
+        thread.join();
+    for (const int sum : sums)
+        EXPECT_EQ(sum, 20 * 999 * 1'000 / 2);
+}
