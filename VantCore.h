@@ -13,6 +13,7 @@
 #include "core/CV3.h"
 #include "core/ML.h"
 #include "core/VantApi.h"
+#include "platform/CBaseApp.h"
 #include "platform/CECEntry.h"
 #include "platform/EUtil.h"
 #include "platform/Vant.h"

@@ -1,0 +1,5 @@
+#include "platform/CBaseApp.h"
+
+CBaseApp::CBaseApp() = default;
+
+CBaseApp::~CBaseApp() = default;

@@ -1,0 +1,41 @@
+#include "platform/Vant.h"
+#include "platform/detail/Markers.h"
+#include "values/EUnits.h"
+
+#include <span>
+
+namespace
+{
+
+double Step(double (*step)(std::span<const double>, double) noexcept, double x) noexcept
+{
+    constexpr int usCustomary = 1;
+    constexpr int length = 0;
+    if (EUnits::system != usCustomary)
+        return step(std::span<const double>(Vant::markers_SI), x);
+    double feet = x;
+    EUnits::N2D(length, feet);
+    double marker = step(std::span<const double>(Vant::markers_USA), feet);
+    // Unchanged means unchanged: the way to feet and back would cost the last digit.
+    if (marker == feet || marker != marker)
+        return x;
+    EUnits::D2N(length, marker);
+    return marker;
+}
+
+} // namespace
+
+double Vant::NearestMkr(double x)
+{
+    return Step(vant::detail::NearestMarker, x);
+}
+
+double Vant::NextMkr(double x)
+{
+    return Step(vant::detail::NextMarker, x);
+}
+
+double Vant::PrevMkr(double x)
+{
+    return Step(vant::detail::PrevMarker, x);
+}

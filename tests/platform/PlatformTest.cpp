@@ -1,0 +1,68 @@
+#include "platform/PlatformTest.h"
+
+#include "platform/CBaseApp.h"
+
+#include <filesystem>
+
+using namespace vant::detail;
+
+namespace
+{
+
+constexpr LogTarget allTargets[] = {LogTarget::console, LogTarget::comms, LogTarget::status,
+                                    LogTarget::alarm};
+
+void ClearLogs()
+{
+    for (const LogTarget target : allTargets) {
+        SetLogSink(target, nullptr);
+        Recorder(target).Clear();
+    }
+}
+
+std::filesystem::path TempPath()
+{
+    return std::filesystem::temp_directory_path() /
+           (L"vant-platform-" + std::to_wstring(::GetCurrentProcessId()));
+}
+
+// The application object that the library finds through the application framework.
+CBaseApp theApp;
+
+} // namespace
+
+PlatformTest::PlatformTest()
+{
+    sounds.clear();
+    alarms.clear();
+    helpCalls.clear();
+    ClearLogs();
+    Calls().playSound = [](int id) { sounds.push_back(id); };
+    Windows().infoMsg = [](int message, void* data) {
+        const auto& entry = *static_cast<CECEntry*>(data);
+        if (message == Vant::alarmInfo)
+            alarms.push_back({entry.id, entry.state, Text(entry.text)});
+    };
+    Calls().openHelp = [](HWND owner, LPCWSTR file, LPCWSTR page) {
+        helpCalls.push_back({owner, file, page});
+    };
+}
+
+PlatformTest::~PlatformTest()
+{
+    Calls() = m_calls;
+    Windows() = m_windows;
+    Startup() = {};
+    Help() = {};
+    EUnits::system = 0;
+    Vant::options = 0x29;
+    ClearLogs();
+    std::error_code ignored;
+    std::filesystem::remove_all(TempPath(), ignored);
+}
+
+std::wstring PlatformTest::TempDir()
+{
+    std::filesystem::create_directories(TempPath());
+    return TempPath().wstring() + L"\\";
+}
