@@ -1,0 +1,118 @@
+#include "demo/Panels.h"
+#include "demo/SkinPiece.h"
+#include "demo/detail/Quantities.h"
+#include "demo/detail/Text.h"
+#include "platform/Vant.h"
+#include "values/EUnits.h"
+
+#include <cmath>
+
+namespace demo
+{
+namespace
+{
+
+namespace skins = vant::skins;
+
+/** The tape's bar: how much of it has been played. @return its left end */
+int PaintProgress(CPainter& painter, const Box& box, const View& view)
+{
+    constexpr double width = 180.0;
+    constexpr int height = skins::process::track.h;
+    const int right = box.right - painter.I(14);
+    const int left = right - painter.I(width);
+    const int top = box.CentreY() - height / 2;
+    DrawSkin(painter.Dc(), {left, top, right, top + height}, Vant::process, skins::process::track);
+
+    const double part = view.duration > 0.0 ? std::min(view.playback.Time() / view.duration, 1.0) : 1.0;
+    const skins::Region& fill = view.playback.AtEnd() ? skins::process::done
+                                : view.paused         ? skins::process::paused
+                                                      : skins::process::running;
+    CDC& dc = painter.Dc();
+    const int saved = dc.SaveDC();
+    dc.IntersectClipRect(left, top, left + static_cast<int>(std::lround((right - left) * part)),
+                         top + height);
+    DrawSkin(dc, {left, top, right, top + height}, Vant::process, fill);
+    dc.RestoreDC(saved);
+    return left;
+}
+
+std::wstring StateText(const View& view)
+{
+    if (view.playback.AtEnd())
+        return L"END OF LOG";
+    const double whole = std::round(view.rate);
+    const std::wstring rate = FixedText(view.rate, view.rate == whole ? 0 : 1) + L"\u00D7";
+    return (view.paused ? L"PAUSED  " : L"PLAYING  ") + rate;
+}
+
+} // namespace
+
+void PaintHeader(CPainter& painter, const Box& box, const View& view)
+{
+    const Palette& colours = painter.Colours();
+    DrawSkin(painter.Dc(), box, Vant::grad2, skins::grad2::heading);
+
+    const double left = box.left + painter.S(18);
+    painter.Text(left, box.CentreY() - painter.S(1), Align::Left, painter.Fonts().value, colours.text,
+                 L"Survey instruments");
+    painter.Text(left, box.CentreY() + painter.S(17), Align::Left, painter.Fonts().small, colours.label,
+                 L"VantCore " + std::wstring(static_cast<LPCWSTR>(Vant::swVer)) + L", playing " +
+                     std::wstring(view.source));
+
+    const Freshness state = view.playback.State(Quantity::UtcTime);
+    const double seen = view.playback.Value(Quantity::UtcTime);
+    const double age = view.playback.Age(Quantity::UtcTime);
+    const double clock = state == Freshness::None ? missing : state == Freshness::Live ? seen + age : seen;
+    painter.Value(box.CentreX(), box.CentreY() + painter.S(12), Align::Centre, painter.Fonts().big,
+                  {ClockText(clock), L"UTC", state});
+
+    const int barLeft = PaintProgress(painter, box, view);
+    const double right = barLeft - painter.S(14);
+    painter.Text(right, box.CentreY() - painter.S(4), Align::Right, painter.Fonts().label,
+                 view.playback.AtEnd() ? colours.label : colours.text, StateText(view));
+    painter.Text(right, box.CentreY() + painter.S(15), Align::Right, painter.Fonts().label, colours.label,
+                 DurationText(std::min(view.playback.Time(), view.duration)) + L" of " +
+                     DurationText(view.duration));
+}
+
+void PaintFooter(CPainter& painter, const Box& box, const View& view)
+{
+    struct Key {
+        std::wstring_view key;
+        std::wstring_view meaning;
+    };
+    const Key keys[] = {
+        {L"Space", view.paused ? L"play" : L"pause"},
+        {L"+", L"faster"},
+        {L"\u2212", L"slower"},
+        {L"R", L"restart"},
+        {L"H", view.headingUp ? L"north up" : L"heading up"},
+        {L"D", L"depth span"},
+        {L"U", EUnits::system == 0 ? L"to US units" : L"to metric units"},
+        {L"S", L"save picture"},
+        {L"Esc", L"close"},
+    };
+    constexpr int capHeight = skins::grad1::face.h;
+    constexpr int padding = 8;
+    const int top = box.CentreY() - capHeight / 2;
+    const int baseline = top + 17;
+    int x = box.left + 10;
+    for (const Key& key : keys) {
+        const int width = std::max(painter.TextWidth(Vant::boldF, key.key) + 2 * padding, capHeight);
+        DrawSkin(painter.Dc(), {x, top, x + width, top + capHeight}, Vant::grad1, skins::grad1::face);
+        painter.Text(x + width / 2.0, baseline, Align::Centre, Vant::boldF, painter.Colours().text, key.key);
+        x += width + 6;
+        painter.Text(x, baseline, Align::Left, Vant::smallF, painter.Colours().label, key.meaning);
+        x += painter.TextWidth(Vant::smallF, key.meaning) + 16;
+    }
+
+    const LineCounts& counts = view.playback.Counts();
+    const std::wstring read = std::to_wstring(counts.read) + L" sentences read,  " +
+                              std::to_wstring(counts.rejected) + L" rejected";
+    const int right = box.right - 14;
+    if (right - painter.TextWidth(Vant::smallF, read) >= x) // else the keys need the place
+        painter.Text(right, baseline, Align::Right, Vant::smallF, painter.Colours().label, read);
+}
+
+} // namespace demo

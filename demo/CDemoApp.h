@@ -1,0 +1,55 @@
+#pragma once
+
+#include "demo/CAlarmLog.h"
+#include "demo/CRunLog.h"
+#include "demo/DemoSettings.h"
+#include "demo/detail/Options.h"
+#include "demo/detail/Playback.h"
+#include "demo/detail/Tape.h"
+
+#include "platform/CBaseApp.h"
+
+#include <afxwin.h>
+
+#include <memory>
+#include <string>
+
+namespace demo
+{
+
+struct Session;
+
+/** The application: reads the command line and the log, starts the library, opens the window, and at the end
+ * saves the settings and says what was done. */
+class CDemoApp : public CBaseApp
+{
+public:
+    CDemoApp();
+    ~CDemoApp() override;
+
+    BOOL InitInstance() override;
+    int ExitInstance() override;
+
+private:
+    bool ReadCommandLine();
+    bool ReadLog();
+    bool PrepareOutput();
+    void StartLibrary();
+    bool OpenWindow();
+    void SaveSettings();
+    void Summarise() const;
+
+    Options m_options;
+    std::wstring m_logPath;
+    std::wstring m_outDir; // absolute, with a backslash at the end
+    std::unique_ptr<Tape> m_tape;
+    std::unique_ptr<Playback> m_playback;
+    std::unique_ptr<Session> m_session;
+    DemoSettings m_settings;
+    CRunLog m_log;
+    CAlarmLog m_alarms;
+    bool m_started = false; // the library was
+    int m_exitCode = 0;
+};
+
+} // namespace demo

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "demo/detail/Geometry.h"
+#include "resources/Skins.h"
+
+#include <afxwin.h>
+
+namespace demo
+{
+
+/** Copies a piece of a skin into `box`, stretching what lies between its margins.
+ *  @param cell which of the pieces that stand side by side, from 0 */
+void DrawSkin(CDC& dc, const Box& box, CDC& skin, const vant::skins::Region& piece, int cell = 0);
+
+/** Copies a piece in its own size with its upper left corner at (x, y), leaving out the background around it.
+ */
+void StampSkin(CDC& dc, int x, int y, CDC& skin, const vant::skins::Region& piece, int cell = 0);
+
+} // namespace demo

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <string>
+
+namespace demo
+{
+
+/** `value` with exactly `decimals` digits after the point, rounded, and dashes of the same shape ("--.-")
+ * when it is missing or no finite number. Never a decimal comma, never a negative zero. */
+std::wstring FixedText(double value, int decimals);
+
+/** What FixedText() shows for no value. */
+std::wstring Dashes(int decimals);
+
+/** A bearing in radians as three digits of degrees, 000 to 359. */
+std::wstring BearingText(double radians);
+
+/** A latitude in radians: "54° 28.2721' N". */
+std::wstring LatitudeText(double radians);
+
+/** A longitude in radians: "010° 23.5262' E". */
+std::wstring LongitudeText(double radians);
+
+/** Seconds of the day as "09:41:20"; fractions are dropped, days beyond the first too. */
+std::wstring ClockText(double seconds);
+
+/** A length of time in seconds: "3:20", "1:02:03". */
+std::wstring DurationText(double seconds);
+
+} // namespace demo

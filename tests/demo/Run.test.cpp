@@ -1,0 +1,292 @@
+// The program itself: started as a user starts it, and judged by what it leaves.
+#include "demo/detail/Geometry.h"
+
+#include <gmock/gmock.h>
+
+#include <charconv>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <set>
+#include <string>
+
+#include <windows.h>
+
+namespace fs = std::filesystem;
+using testing::HasSubstr;
+
+namespace
+{
+
+constexpr DWORD patience = 60000; // milliseconds until a run counts as hanging
+
+std::string Contents(const fs::path& path)
+{
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+/** A started VantDemo whose output goes to files. */
+class Program
+{
+public:
+    Program(const fs::path& dir, const std::wstring& arguments)
+        : m_out(dir / "stdout.txt")
+        , m_err(dir / "stderr.txt")
+    {
+        wchar_t self[1024];
+        const DWORD length = ::GetModuleFileNameW(nullptr, self, static_cast<DWORD>(std::size(self)));
+        const fs::path exe = fs::path(std::wstring(self, length)).parent_path() / "VantDemo.exe";
+        std::wstring line = L"\"" + exe.wstring() + L"\" " + arguments;
+
+        const HANDLE out = Create(m_out);
+        const HANDLE err = Create(m_err);
+        STARTUPINFOW start{};
+        start.cb = sizeof start;
+        start.dwFlags = STARTF_USESTDHANDLES;
+        start.hStdOutput = out;
+        start.hStdError = err;
+        if (!::CreateProcessW(exe.c_str(), line.data(), nullptr, nullptr, TRUE, 0, nullptr, dir.c_str(),
+                              &start, &m_process))
+            ADD_FAILURE() << "VantDemo.exe does not start: " << ::GetLastError();
+        ::CloseHandle(out);
+        ::CloseHandle(err);
+    }
+
+    ~Program()
+    {
+        ::CloseHandle(m_process.hThread);
+        ::CloseHandle(m_process.hProcess);
+    }
+
+    Program(const Program&) = delete;
+    Program& operator=(const Program&) = delete;
+
+    int ExitCode()
+    {
+        if (::WaitForSingleObject(m_process.hProcess, patience) != WAIT_OBJECT_0) {
+            ::TerminateProcess(m_process.hProcess, 99);
+            ::WaitForSingleObject(m_process.hProcess, patience);
+        }
+        DWORD code = 98;
+        ::GetExitCodeProcess(m_process.hProcess, &code);
+        return static_cast<int>(code);
+    }
+
+    std::string Out() const { return Contents(m_out); }
+    std::string Err() const { return Contents(m_err); }
+
+    /** Its main window, once it is visible. */
+    HWND Window() const
+    {
+        for (DWORD waited = 0; waited < patience; waited += 20) {
+            Search search{m_process.dwProcessId, nullptr};
+            ::EnumWindows(
+                [](HWND wnd, LPARAM param) -> BOOL {
+                    auto& s = *reinterpret_cast<Search*>(param);
+                    DWORD process = 0;
+                    ::GetWindowThreadProcessId(wnd, &process);
+                    if (process == s.process && ::IsWindowVisible(wnd))
+                        s.wnd = wnd;
+                    return s.wnd == nullptr;
+                },
+                reinterpret_cast<LPARAM>(&search));
+            if (search.wnd)
+                return search.wnd;
+            ::Sleep(20);
+        }
+        return nullptr;
+    }
+
+private:
+    struct Search {
+        DWORD process;
+        HWND wnd;
+    };
+
+    static HANDLE Create(const fs::path& path)
+    {
+        SECURITY_ATTRIBUTES inherit{sizeof inherit, nullptr, TRUE};
+        return ::CreateFileW(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ, &inherit, CREATE_ALWAYS, 0,
+                             nullptr);
+    }
+
+    fs::path m_out;
+    fs::path m_err;
+    PROCESS_INFORMATION m_process{};
+};
+
+class DemoRun : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        m_dir =
+            fs::temp_directory_path() / (std::string("vantdemo-") + std::to_string(::GetCurrentProcessId()));
+        fs::create_directories(m_dir);
+    }
+
+    void TearDown() override
+    {
+        std::error_code error;
+        fs::remove_all(m_dir, error);
+    }
+
+    fs::path m_dir;
+};
+
+/** The text of an item in a settings file. */
+std::string Item(const std::string& settings, const std::string& name)
+{
+    const std::string begin = std::string("<") + name + " val=\"";
+    const std::size_t at = settings.find(begin);
+    if (at == std::string::npos)
+        return "no " + name;
+    const std::size_t from = at + begin.size();
+    return settings.substr(from, settings.find('"', from) - from);
+}
+
+int Number(const std::string& settings, const std::string& name)
+{
+    const std::string text = Item(settings, name);
+    int value = -12345;
+    std::from_chars(text.data(), text.data() + text.size(), value);
+    return value;
+}
+
+demo::Box SavedWindow(const std::string& settings)
+{
+    return {Number(settings, "Left"), Number(settings, "Top"), Number(settings, "Right"),
+            Number(settings, "Bottom")};
+}
+
+} // namespace
+
+TEST_F(DemoRun, HelpIsNoMistake)
+{
+    Program program(m_dir, L"--help");
+    EXPECT_EQ(0, program.ExitCode());
+    EXPECT_THAT(program.Out(), HasSubstr("--seconds N"));
+    EXPECT_EQ("", program.Err());
+}
+
+TEST_F(DemoRun, MistakesGiveOneLineAndExitCode2)
+{
+    std::ofstream(m_dir / "nonsense.nmea") << "this is not a log\n";
+    std::ofstream(m_dir / "file") << "in the way";
+    const struct {
+        const wchar_t* arguments;
+        const char* error;
+    } cases[] = {
+        {L"--colour", "unknown option '--colour'"},
+        {L"--seconds", "--seconds needs a value"},
+        {L"--seconds soon", "--seconds needs a number, not 'soon'"},
+        {L"--log missing.nmea", "cannot read the log 'missing.nmea'"},
+        {L"--log .", "cannot read the log '.'"},
+        {L"--log nonsense.nmea", "no NMEA 0183 sentence that can be used in the log 'nonsense.nmea'"},
+        {L"--out file", "cannot write to the directory 'file'"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.error);
+        Program program(m_dir, c.arguments);
+        EXPECT_EQ(2, program.ExitCode());
+        EXPECT_EQ("", program.Out());
+        const std::string error = program.Err();
+        EXPECT_THAT(error, HasSubstr(c.error));
+        EXPECT_EQ(1, std::count(error.begin(), error.end(), '\n')) << error;
+    }
+    EXPECT_FALSE(fs::exists(m_dir / "out"));
+}
+
+TEST_F(DemoRun, LeavesPictureSettingsAndLogAndNothingElse)
+{
+    Program program(m_dir, L"--seconds 1 --rate 10 --out out");
+    ASSERT_EQ(0, program.ExitCode()) << program.Err();
+    EXPECT_EQ("", program.Err());
+    EXPECT_THAT(program.Out(), HasSubstr("sentences: "));
+    EXPECT_THAT(program.Out(), HasSubstr(" rejected"));
+    EXPECT_THAT(program.Out(), HasSubstr(" drawn"));
+    EXPECT_THAT(program.Out(), HasSubstr("alarms:    0 raised, 0 still on"));
+    EXPECT_THAT(Contents(m_dir / "out" / "demo.png"), testing::StartsWith("\x89PNG"));
+    EXPECT_THAT(Contents(m_dir / "out" / "demo.log"), HasSubstr("end: "));
+    EXPECT_EQ("1", Item(Contents(m_dir / "out" / "VantDemo.xml"), "Runs"));
+
+    std::set<std::string> files;
+    for (const fs::directory_entry& entry : fs::recursive_directory_iterator(m_dir))
+        files.insert(entry.path().filename().string());
+    EXPECT_EQ((std::set<std::string>{"out", "demo.png", "demo.log", "VantDemo.xml", "Logs", "Alarms.csv",
+                                     "stdout.txt", "stderr.txt"}),
+              files);
+}
+
+TEST_F(DemoRun, AlarmsAreRecordedAndCounted)
+{
+    std::ofstream log(m_dir / "shoal.nmea", std::ios::binary);
+    log << "$SDDPT,3.00,0.6*62\r\n";
+    log.close();
+    Program program(m_dir, L"--log shoal.nmea --seconds 2 --rate 20 --out .");
+    ASSERT_EQ(0, program.ExitCode()) << program.Err();
+    EXPECT_THAT(program.Out(), HasSubstr("alarms:    2 raised, 2 still on"));
+    const std::string alarms = Contents(m_dir / "Logs" / "Alarms.csv");
+    EXPECT_THAT(alarms, HasSubstr(",3001,1,\"Shallow water: 3.6m, limit 14.0m\"\r\n"));
+    EXPECT_THAT(alarms, HasSubstr(",3002,1,\"No position for 5 s\"\r\n"));
+    EXPECT_THAT(Contents(m_dir / "demo.log"), HasSubstr("alarm: Shallow water"));
+}
+
+TEST_F(DemoRun, ComesBackWhereItWas)
+{
+    std::string saved[2];
+    for (std::string& settings : saved) {
+        Program program(m_dir, L"--seconds 0.3 --out .");
+        if (&settings == &saved[0]) {
+            const HWND wnd = program.Window();
+            ASSERT_TRUE(wnd);
+            ::SetWindowPos(wnd, nullptr, 70, 60, 1100, 760, SWP_NOZORDER | SWP_NOACTIVATE);
+        }
+        ASSERT_EQ(0, program.ExitCode()) << program.Err();
+        settings = Contents(m_dir / "VantDemo.xml");
+    }
+    EXPECT_EQ((demo::Box{70, 60, 1170, 820}), SavedWindow(saved[0]));
+    EXPECT_EQ(SavedWindow(saved[0]), SavedWindow(saved[1]));
+    EXPECT_EQ("1", Item(saved[0], "Runs"));
+    EXPECT_EQ("2", Item(saved[1], "Runs"));
+}
+
+TEST_F(DemoRun, ALostWindowComesBackToTheScreen)
+{
+    std::ofstream(m_dir / "VantDemo.xml")
+        << "<Corvane date=\"\">\n<Collection name=\"VantDemo\">\n"
+           "<Object name=\"Display\" type=\"DemoSettings\">\n"
+           "<Left val=\"-9000\"/>\n<Top val=\"8000\"/>\n"
+           "<Right val=\"-7800\"/>\n<Bottom val=\"8800\"/>\n"
+           "<DepthSpan val=\"-5\"/>\n<Units val=\"7\"/>\n</Object>\n</Collection>\n</Corvane>\n";
+    Program program(m_dir, L"--seconds 0.3 --out .");
+    ASSERT_EQ(0, program.ExitCode()) << program.Err();
+    const std::string settings = Contents(m_dir / "VantDemo.xml");
+    const demo::Box window = SavedWindow(settings);
+    RECT screen{};
+    ::SystemParametersInfoW(SPI_GETWORKAREA, 0, &screen, 0);
+    EXPECT_GE(window.left, screen.left);
+    EXPECT_GE(window.top, screen.top);
+    EXPECT_LE(window.right, screen.right);
+    EXPECT_LE(window.bottom, screen.bottom);
+    EXPECT_EQ("120", Item(settings, "DepthSpan")) << "no span that can be shown";
+    EXPECT_EQ("0", Item(settings, "Units")) << "no such system";
+}
+
+TEST_F(DemoRun, KeysChangeTheDisplayAndAreRemembered)
+{
+    Program program(m_dir, L"--seconds 0 --out .");
+    const HWND wnd = program.Window();
+    ASSERT_TRUE(wnd);
+    for (const wchar_t key : {L'h', L'd', L'u', L' ', L'+', L's'})
+        ::SendMessageW(wnd, WM_CHAR, key, 1);
+    ::PostMessageW(wnd, WM_KEYDOWN, VK_ESCAPE, 1);
+    ASSERT_EQ(0, program.ExitCode()) << program.Err();
+    const std::string settings = Contents(m_dir / "VantDemo.xml");
+    EXPECT_EQ("0", Item(settings, "HeadingUp"));
+    EXPECT_EQ("300", Item(settings, "DepthSpan"));
+    EXPECT_EQ("1", Item(settings, "Units"));
+    EXPECT_EQ("2", Item(settings, "ImgInd"));
+    EXPECT_TRUE(fs::exists(m_dir / "picture-001.png"));
+}

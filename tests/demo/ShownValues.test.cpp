@@ -1,0 +1,111 @@
+#include "demo/ShownValues.h"
+
+#include "Lines.h"
+#include "demo/DemoSettings.h"
+#include "values/EUnits.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+
+using namespace demo;
+
+namespace
+{
+
+/** Leaves the process metric, as it was. */
+class ShownValuesTest : public testing::Test
+{
+protected:
+    void TearDown() override { EUnits::system = 0; }
+};
+
+std::string AllLines()
+{
+    std::string lines;
+    for (const char* const text : {"GPRMC,094120,A,5428.2721,N,01023.5262,E,10.0,61.2,170624,,",
+                                   "SDDPT,12.4,0.6", "YXMTW,14.3,C", "TIROT,-0.3,A"})
+        lines += Line(text) + "\r\n";
+    return lines;
+}
+
+} // namespace
+
+TEST_F(ShownValuesTest, FollowTheUnitSystem)
+{
+    const Tape tape(AllLines());
+    Playback playback(tape);
+    playback.Advance(1.0);
+    ShownValues values;
+    values.Take(playback);
+    EXPECT_EQ(L"13.0", values.Text(Quantity::DepthBelowSurface));
+    EXPECT_EQ(L"m", values.Unit(Quantity::DepthBelowSurface));
+    EXPECT_EQ(L"12.40", values.Text(Quantity::DepthBelowTransducer));
+    EXPECT_EQ(L"5.1", values.Text(Quantity::SpeedOverGround));
+    EXPECT_EQ(L"m/s", values.Unit(Quantity::SpeedOverGround));
+    EXPECT_EQ(L"14.3", values.Text(Quantity::WaterTemperature));
+    EXPECT_EQ(L"\u00B0C", values.Unit(Quantity::WaterTemperature));
+    EXPECT_EQ(L"0", values.Text(Quantity::TurnRate)) << "no negative zero";
+    EXPECT_EQ(L"\u00B0/min", values.Unit(Quantity::TurnRate));
+
+    EXPECT_EQ(1, SwitchUnits());
+    EXPECT_EQ(L"42.7", values.Text(Quantity::DepthBelowSurface));
+    EXPECT_EQ(L"ft", values.Unit(Quantity::DepthBelowSurface));
+    EXPECT_EQ(L"16.9", values.Text(Quantity::SpeedOverGround));
+    EXPECT_EQ(L"ft/s", values.Unit(Quantity::SpeedOverGround));
+    EXPECT_EQ(L"57.7", values.Text(Quantity::WaterTemperature));
+    EXPECT_EQ(L"\u00B0F", values.Unit(Quantity::WaterTemperature));
+    EXPECT_EQ(L"\u00B0/min", values.Unit(Quantity::TurnRate));
+    EXPECT_EQ(L"10.0 kn", values.KnotsText(Quantity::SpeedOverGround)) << "in either system";
+    EXPECT_EQ(L"32.8", ShownValues::LengthText(10.0, 1));
+    EXPECT_NEAR(10.0, DisplayLength(10.0 * LengthUnitMetres()), 1e-4);
+
+    EXPECT_EQ(0, SwitchUnits());
+    EXPECT_EQ(L"10.0", ShownValues::LengthText(10.0, 1));
+    EXPECT_EQ(10.0, DisplayLength(10.0));
+}
+
+TEST_F(ShownValuesTest, MissingValuesAreDashesInEitherSystem)
+{
+    const Tape tape(AllLines());
+    Playback playback(tape);
+    ShownValues values;
+    for (const int system : {0, 1}) {
+        EUnits::system = system;
+        EXPECT_EQ(L"--.-", values.Text(Quantity::DepthBelowSurface)) << "before the first reading";
+        EXPECT_EQ(L"--.--", values.Text(Quantity::DepthBelowTransducer));
+        EXPECT_EQ(L"--", values.Text(Quantity::TurnRate));
+        EXPECT_EQ(L"--.- kn", values.KnotsText(Quantity::SpeedOverGround));
+        EXPECT_EQ(L"--.-", ShownValues::LengthText(missing, 1));
+        EXPECT_EQ(missing, DisplayLength(missing));
+        EXPECT_EQ(missing, values.Value(Quantity::WaterTemperature).GetVal());
+    }
+    playback.Advance(60.0);
+    values.Take(playback);
+    EXPECT_EQ(L"--.-", values.Text(Quantity::WaterTemperature)) << "too old";
+}
+
+TEST(DemoSettings, AreKeptAndCheckedWhenTheyAreRead)
+{
+    const std::filesystem::path file = std::filesystem::temp_directory_path() /
+                                       ("vantset-" + std::to_string(::GetCurrentProcessId()) + ".xml");
+    DemoSettings saved;
+    saved.units = 1;
+    saved.shallowLimit = 7.25;
+    ASSERT_TRUE(saved.Save(file.c_str()));
+    DemoSettings read;
+    ASSERT_TRUE(read.Load(file.c_str()));
+    EXPECT_EQ(1, read.units);
+    EXPECT_EQ(7.25, read.shallowLimit);
+
+    for (const auto& [units, limit] : {std::pair(2, -1.0), std::pair(-1, 1.0e9)}) {
+        saved.units = units;
+        saved.shallowLimit = limit;
+        ASSERT_TRUE(saved.Save(file.c_str()));
+        ASSERT_TRUE(read.Load(file.c_str()));
+        EXPECT_EQ(0, read.units);
+        EXPECT_EQ(DemoSettings().shallowLimit, read.shallowLimit);
+    }
+    std::filesystem::remove(file);
+}
