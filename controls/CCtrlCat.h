@@ -1,0 +1,137 @@
+#pragma once
+
+#include "controls/CECtrl.h"
+#include "controls/CEFlex.h"
+
+#include <memory>
+
+class CEBtn;
+class CECheck;
+class CELabel;
+class CESetObj;
+class CEText;
+class CVantWnd;
+
+/** A named group of controls in a platform window, with a layout cursor of its own.
+ *
+ *  Controls are inserted in reading order: each is placed at the cursor, which moves on to the right; NewLn()
+ *  goes to the next line. A category is either stacked, a section of the window's column that its header
+ * opens and closes, or anchored to one of nine places of the client area. Every CVantWnd is a category
+ * itself, named "ROOT", and owns more (CVantWnd::GetCat).
+ *
+ *  All lengths are units (see CDpi). The order of insertion is the order of updates and of the Tab key.
+ * Belongs to the UI thread. */
+class VANT_API CCtrlCat
+{
+public:
+    /** Values of #kind. Any other kind of category keeps the place that its owner gives it. */
+    enum Kind {
+        kindRoot = 0, ///< a block at the top left that only its own position moves
+        kindStacked = 1,
+        anchorTopLeft = 4356,
+        anchorTopCentre = 4612,
+        anchorTopRight = 5124,
+        anchorMiddleLeft = 8452,
+        anchorCentre = 8708,
+        anchorMiddleRight = 9220,
+        anchorBottomLeft = 16644,
+        anchorBottomCentre = 16900,
+        anchorBottomRight = 17412,
+    };
+
+    CCtrlCat();
+    CCtrlCat(const CCtrlCat&) = delete;
+    CCtrlCat& operator=(const CCtrlCat&) = delete;
+    virtual ~CCtrlCat();
+
+    /** @name Fields @{ */
+    CString catName;             ///< "ROOT"; the key of CVantWnd::GetCat() and of the settings
+    CVantWnd* pParent = nullptr; ///< the window that it is in; null until GetCat() sets it. Not owned.
+    int expanded = 2;            ///< non-zero: a stacked category shows its controls; persistent
+    int hasHdr = 0;              ///< non-zero: the category has a header above its controls
+    int kind = 0;                ///< Kind
+    int lvlMask = 1;             ///< user levels whose controls are shown
+    int x = 0, y = 0;            ///< where the block starts in the window
+    int hdrH = 24;               ///< height of the header and of a line
+    int ctrlH = 20;              ///< height of a control
+    int gap = 2;                 ///< between controls side by side
+    int curX = 10, curY = 10;    ///< the cursor
+    int leftM = 10;              ///< left margin, where lines start
+    int maxX = -1, maxY = -1;    ///< right-most and bottom-most place reached: width and height of the block
+    CEStyle catStyle;            ///< copied into every new control
+    CLstPtr<CECtrl*> ctrls;      ///< in order of insertion; DestroyCtrls() deletes them
+    /** @} */
+
+    /** @name Operations of the category, in this order @{ */
+    /** Exchanges #expanded, under the category's name with every blank as an underscore. */
+    virtual void Settings(CESetObj& obj);
+    /** Updates every control, with its text. */
+    virtual void UpdCtrls();
+    /** Empties the list of controls and starts the cursor anew, without deleting anything. */
+    virtual void ClearCtrls();
+    /** Adds levels to, or takes them from, #lvlMask, and shows or hides the controls whose level is exactly
+     * `levelBits`: a control that was inserted at level 3 is deliberately not switched by level 2. */
+    virtual void ShowLevel(int levelBits, int show);
+    /** Moves header and controls to their places. @param client  the window's client rectangle */
+    virtual void LayoutCtrls(const CRect& client);
+    /** Creates the windows of header and controls that have none yet. */
+    virtual void CreateCtrls();
+    /** Destroys the windows of the controls and deletes them. */
+    virtual void DestroyCtrls();
+    /** @} */
+
+    /** @name Cursor @{ */
+    /** The place of a control `width` wide at the cursor; with `advance` the cursor moves behind it. */
+    void CalcRect(CRect& r, int width, int advance);
+    void NewLn();
+    void ShiftX(int dx);
+    /** Moves the cursor down by `dy`, and to `toX` unless that is negative. */
+    void ShiftY(int dy, int toX = -1);
+    void SetX(int toX);
+    void SetPos(int toX, int toY);
+    void SetCtrlY(int toY);
+    void SetWidth(int width);
+    void SetHeight(int height);
+    void SetExtents(int width, int height);
+    int GetCtrlWidth() const;
+    /** Height of the category: of an anchored one its block; of a stacked one its header, and its block too
+     * while it is expanded. */
+    int GetCtrlHeight() const;
+    CSize GetCtrlExtents() const;
+    /** @} */
+
+    /** @name Insertion
+     *  The control belongs to the category from now on, and gets the category's style and level and the
+     * window's mutex; with `flex` it follows the window's size. Returned pointers stay valid until
+     * DestroyCtrls(). @{ */
+    /** Creates a control by the code of its class (CECtrl::TypeCode); null for a code without a class. */
+    CECtrl* NewCtrl(int width, int typeCode, CEFlex* flex = nullptr);
+    /** The same, bound to a variable, which must outlive it. */
+    template <class T>
+    CECtrl* InsCtrl(int width, int typeCode, T& variable, CEFlex* flex = nullptr)
+    {
+        CECtrl* const ctrl = NewCtrl(width, typeCode, flex);
+        if (ctrl)
+            ctrl->Init(variable);
+        return ctrl;
+    }
+    /** Inserts a control that the caller made with new. */
+    CECtrl* InsCtrl(int width, CECtrl* control, int id, CEFlex* flex = nullptr);
+    /** A push button that calls `handler` of `target`. */
+    CEBtn* InsBtn(int width, const CString& text, int id, CObject* target, CEVal::CbNone handler,
+                  CEFlex* flex = nullptr);
+    /** A fixed text. @param style  copied; null: the category's  @param align  DT_LEFT, DT_CENTER or DT_RIGHT
+     */
+    CEText* InsText(int width, const CString& text, const CEStyle* style = nullptr, int align = DT_LEFT,
+                    CEFlex* flex = nullptr);
+    /** A caption line of its own. */
+    CEText* InsTag(const CString& text);
+    /** @} */
+
+    /** Gives the category a header with a title, and for a stacked one the box that opens and closes it. */
+    void SetHeader(const CString& title);
+
+private:
+    std::unique_ptr<CECheck> m_hdrCheck;
+    std::unique_ptr<CELabel> m_hdrLabel;
+};

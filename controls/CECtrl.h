@@ -1,0 +1,141 @@
+#pragma once
+
+#include "controls/CDpi.h"
+#include "controls/CEStyle.h"
+#include "core/CLstPtr.h"
+#include "core/VantApi.h"
+#include "values/CEVal.h"
+
+#include <afxwin.h>
+
+class CVantWnd;
+
+/** The base of every control: a child window and a typed value at once.
+ *
+ *  A control is made in two steps like every window: the object, bound to a variable with CEVal::Init(), then
+ * its window (Create()), which a control category does for the controls that are inserted into it. It is
+ * drawn by Draw(), into a bitmap first so that it does not flicker. Whether it is enabled and shown follows
+ * from #state and the value's enable condition at every Update(), and is kept nowhere else.
+ *
+ *  A derived control that the keyboard can operate is created with WS_TABSTOP and #keepFocus. Everything here
+ *  belongs to the UI thread. */
+class VANT_API CECtrl : public CWnd, public CEVal
+{
+    DECLARE_DYNAMIC(CECtrl)
+
+public:
+    /** Bits of #state. */
+    enum StateBits {
+        stEnabled = 1,    ///< the user may operate it
+        stShown = 2,      ///< it is to be seen
+        stKeepHidden = 4, ///< Update() does not show it, whatever stShown says
+    };
+
+    /** Bits of #look, for drawing. */
+    enum LookBits {
+        lookHover = 1,   ///< the mouse is over it
+        lookPressed = 2, ///< it is held down
+    };
+
+    /** Codes of the classes, by which a category creates controls; one bit each. */
+    enum TypeCode {
+        typeText = 16,
+        typeLabel = 32,
+        typeEdit = 64,
+        typeBtn = 128,
+        typeCheck = 256,
+        typeWnd = 8192,
+        typeRadius = 131072,
+    };
+
+    /** Window style bit of a control that keeps the keyboard focus when the mouse moves over a platform
+     * window; edit windows have it as ES_AUTOHSCROLL. */
+    static constexpr DWORD keepFocus = 0x80;
+
+    CECtrl();
+    CECtrl(const CECtrl&) = delete;
+    CECtrl& operator=(const CECtrl&) = delete;
+    ~CECtrl() override;
+
+    /** @name Fields @{ */
+    int ctrlType = 0; ///< code of the class, see TypeCode; 0 for a class without one
+    CRect rc;         ///< place in the parent (in its category while it is in one), units
+    int id = 0;       ///< identifier of the child window; composite controls number their children from it
+    int state = 3;    ///< StateBits
+    int level = 0;    ///< user levels at which it is shown, set by its category
+    int dblBuf = 1;   ///< non-zero: draw into a bitmap, then copy that to the screen
+    CDC dcNorm;       ///< the skin, once LoadBitmapW() has loaded one
+    CDC dcGrey;       ///< its greyed twin
+    int ownDC = 0;    ///< non-zero once dcNorm and dcGrey are this control's
+    int bmW = 0;      ///< width of the skin, pixels
+    int bmH = 0;      ///< height of the skin, pixels
+    int look = 0;     ///< LookBits
+    CEStyle style;    ///< how it is drawn, at first a copy of CEStyle::s_default
+    CVantWnd* pWnd = nullptr; ///< the platform window whose category it is in; null outside one. Not owned.
+    /** @} */
+
+    /** The glow image, 40 x 40 with alpha; loaded by Vant::Init(). */
+    static CDC& s_glow;
+    /** Every live control, in the order of construction. Not owned. */
+    static CLstPtr<CECtrl*> s_eCtrls;
+    /** Controls that want AutoUpdate(); they add and remove themselves. Not owned. */
+    static CLstPtr<CECtrl*> s_auCtrls;
+
+    /** @name Look-up
+     *  By a point of the screen, in pixels; null if no control is there. Hidden and disabled windows are not
+     * found, as the system has it. @{ */
+    /** The first control that owns the window under the point. */
+    static CECtrl* GetCtrl(CPoint screenPt);
+    /** The first control of the window under the point that has a tip; `tip` is left alone if there is none.
+     */
+    static CECtrl* GetTip(CPoint screenPt, CString& tip);
+    /** @} */
+
+    /** Calls AutoUpdate() of every control in #s_auCtrls, in order. A control may take itself, or any other
+     * but the next one, off the list meanwhile. @param t  application time, seconds */
+    static void UpdateAuCtrls(double t);
+
+    /** @name Operations of every control, in this order @{ */
+    /** Enables or disables, shows or hides, and redraws; nothing before the window exists. The argument
+     * matters to derived controls only. */
+    virtual void Update(int arg);
+    /** Reads the window's text into the bound variable if it is valid. Otherwise the variable stays and alarm
+     * 30 is raised at level 1: "Unable to get value err=<reason>". Nothing before the window exists. */
+    virtual void Retreive();
+    /** Copies the value's tip to `tip`. */
+    virtual void GetTip(CString& tip);
+    /** Draws the whole control, in units, into a context that need not be the screen's. */
+    virtual void Draw(CDC* dc) = 0;
+    /** Called regularly for the controls in #s_auCtrls; does nothing here. @param t  seconds */
+    virtual void AutoUpdate(double t);
+    /** Creates the control's window. @param style  window style bits; WS_CHILD is added
+     *  @param r  place in the parent, pixels  @return 1, or 0 if the system refuses */
+    virtual int Create(unsigned long style, const RECT& r, CWnd* parent, unsigned int id);
+    /** @} */
+
+    /** Blends the glow image, stretched, over `r` (units). @param alpha  0 to 255 */
+    void Glow(CDC* dc, CRect& r, int alpha);
+
+    /** Loads a bitmap of the library, or else of the program, as the skin and makes its greyed twin: only a
+     * bitmap of 32 bits is greyed, and pixels near the key colour 0, 22, 47 stay as they are, so that a
+     * background does. The height of #rc becomes the bitmap's. Without such a bitmap nothing changes. */
+    void LoadBitmapW(int resourceId);
+
+    /** Whether #state and the enable condition let the user operate it. */
+    bool IsEnabled() const;
+
+    /** The scale of the control's window. */
+    CDpi Dpi() const { return CDpi::Of(m_hWnd); }
+    /** The client rectangle in units. */
+    CRect ClientRc() const;
+
+protected:
+    afx_msg void OnPaint();
+    afx_msg BOOL OnEraseBkgnd(CDC* dc);
+    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
+    DECLARE_MESSAGE_MAP()
+
+private:
+    CBitmap m_bmNorm;
+    CBitmap m_bmGrey;
+};
