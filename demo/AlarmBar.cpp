@@ -1,6 +1,5 @@
-#include "demo/CAlarmLog.h"
+#include "demo/AlarmTexts.h"
 #include "demo/Panels.h"
-#include "demo/SkinPiece.h"
 #include "platform/Vant.h"
 
 #include <string>
@@ -11,7 +10,6 @@ namespace demo
 namespace
 {
 
-constexpr int redLamp = 2; // a cell of the lamps' skin
 constexpr int lampMargin = 12;
 constexpr int textGap = 28;
 
@@ -40,30 +38,32 @@ void PaintAlarms(CPainter& painter, const Box& box, const View& view)
             texts.push_back(AlarmText(view, id));
 
     const bool isOn = !texts.empty();
-    const int lampLeft = box.left + lampMargin;
-    const int textLeft = lampLeft + skins::leds::lit.w + lampMargin / 2;
+    const int lampLeft = box.left + painter.U(lampMargin);
+    const int textLeft = lampLeft + painter.U(skins::leds::lit.w + lampMargin / 2);
     painter.Solid(box, colours.deep);
     if (isOn)
         painter.Solid({textLeft, box.top, box.right, box.bottom}, colours.alarm);
-    const int lampTop = box.CentreY() - skins::leds::lit.h / 2;
-    StampSkin(painter.Dc(), lampLeft, lampTop, Vant::leds, isOn ? skins::leds::lit : skins::leds::none,
-              isOn ? redLamp : 0);
+    const int lampTop = box.CentreY() - painter.U(skins::leds::lit.h) / 2;
+    painter.Stamp(lampLeft, lampTop, Vant::leds, isOn ? skins::leds::lit : skins::leds::none,
+                  isOn ? static_cast<int>(Lamp::Red) : 0);
 
-    const double baseline = box.CentreY() + 5.0; // the library's fonts do not grow with the window
-    int x = textLeft + textGap / 2;
+    const double baseline = box.CentreY() + painter.U(5);
+    const int gap = painter.U(textGap);
+    int x = textLeft + gap / 2;
     if (!isOn)
-        painter.Text(x, baseline, Align::Left, Vant::smallF, colours.label, L"No alarm");
+        painter.Text(x, baseline, Align::Left, painter.Fonts().note, colours.label, L"No alarm");
     for (const std::wstring& text : texts) {
         if (&text != &texts.front())
-            painter.Solid({x - textGap / 2, box.top + 5, x - textGap / 2 + 1, box.bottom - 5}, colours.text);
-        painter.Text(x, baseline, Align::Left, Vant::normalF, colours.text, text);
-        x += painter.TextWidth(Vant::normalF, text) + textGap;
+            painter.Solid({x - gap / 2, box.top + painter.U(5), x - gap / 2 + 1, box.bottom - painter.U(5)},
+                          colours.text);
+        painter.Text(x, baseline, Align::Left, painter.Fonts().line, colours.text, text);
+        x += painter.TextWidth(painter.Fonts().line, text) + gap;
     }
     const std::wstring summary = std::to_wstring(view.alarms) + (view.alarms == 1 ? L" alarm" : L" alarms") +
                                  L" since the start,  shallow below " +
                                  DepthText(view.playback.Alarms().ShallowLimit());
-    painter.Text(box.right - 14, baseline, Align::Right, Vant::smallF, isOn ? colours.text : colours.label,
-                 summary);
+    painter.Text(box.right - painter.U(14), baseline, Align::Right, painter.Fonts().note,
+                 isOn ? colours.text : colours.label, summary);
 }
 
 } // namespace demo

@@ -1,5 +1,4 @@
 #include "demo/Panels.h"
-#include "demo/SkinPiece.h"
 #include "demo/detail/Quantities.h"
 #include "demo/detail/Text.h"
 #include "platform/Vant.h"
@@ -17,12 +16,13 @@ namespace skins = vant::skins;
 /** The tape's bar: how much of it has been played. @return its left end */
 int PaintProgress(CPainter& painter, const Box& box, const View& view)
 {
-    constexpr double width = 180.0;
-    constexpr int height = skins::process::track.h;
-    const int right = box.right - painter.I(14);
-    const int left = right - painter.I(width);
+    constexpr int width = 180;
+    const int height = painter.U(skins::process::track.h);
+    const int right = box.right - painter.U(14);
+    const int left = right - painter.U(width);
     const int top = box.CentreY() - height / 2;
-    DrawSkin(painter.Dc(), {left, top, right, top + height}, Vant::process, skins::process::track);
+    const Box bar{left, top, right, top + height};
+    painter.Skin(bar, Vant::process, skins::process::track);
 
     const double part = view.duration > 0.0 ? std::min(view.playback.Time() / view.duration, 1.0) : 1.0;
     const skins::Region& fill = view.playback.AtEnd() ? skins::process::done
@@ -32,7 +32,7 @@ int PaintProgress(CPainter& painter, const Box& box, const View& view)
     const int saved = dc.SaveDC();
     dc.IntersectClipRect(left, top, left + static_cast<int>(std::lround((right - left) * part)),
                          top + height);
-    DrawSkin(dc, {left, top, right, top + height}, Vant::process, fill);
+    painter.Skin(bar, Vant::process, fill);
     dc.RestoreDC(saved);
     return left;
 }
@@ -51,12 +51,13 @@ std::wstring StateText(const View& view)
 void PaintHeader(CPainter& painter, const Box& box, const View& view)
 {
     const Palette& colours = painter.Colours();
-    DrawSkin(painter.Dc(), box, Vant::grad2, skins::grad2::heading);
+    FontSet& fonts = painter.Fonts();
+    painter.Skin(box, Vant::grad2, skins::grad2::heading);
 
-    const double left = box.left + painter.S(18);
-    painter.Text(left, box.CentreY() - painter.S(1), Align::Left, painter.Fonts().value, colours.text,
-                 L"Survey instruments");
-    painter.Text(left, box.CentreY() + painter.S(17), Align::Left, painter.Fonts().small, colours.label,
+    const double left = box.left + painter.U(18);
+    const int middle = box.CentreY();
+    painter.Text(left, middle - painter.U(1), Align::Left, fonts.title, colours.text, L"Survey instruments");
+    painter.Text(left, middle + painter.U(17), Align::Left, fonts.note, colours.label,
                  L"VantCore " + std::wstring(static_cast<LPCWSTR>(Vant::swVer)) + L", playing " +
                      std::wstring(view.source));
 
@@ -64,14 +65,14 @@ void PaintHeader(CPainter& painter, const Box& box, const View& view)
     const double seen = view.playback.Value(Quantity::UtcTime);
     const double age = view.playback.Age(Quantity::UtcTime);
     const double clock = state == Freshness::None ? missing : state == Freshness::Live ? seen + age : seen;
-    painter.Value(box.CentreX(), box.CentreY() + painter.S(12), Align::Centre, painter.Fonts().big,
+    painter.Value(box.CentreX(), middle + painter.U(12), Align::Centre, fonts.clock,
                   {ClockText(clock), L"UTC", state});
 
     const int barLeft = PaintProgress(painter, box, view);
-    const double right = barLeft - painter.S(14);
-    painter.Text(right, box.CentreY() - painter.S(4), Align::Right, painter.Fonts().label,
+    const double right = barLeft - painter.U(14);
+    painter.Text(right, middle - painter.U(4), Align::Right, fonts.line,
                  view.playback.AtEnd() ? colours.label : colours.text, StateText(view));
-    painter.Text(right, box.CentreY() + painter.S(15), Align::Right, painter.Fonts().label, colours.label,
+    painter.Text(right, middle + painter.U(15), Align::Right, fonts.line, colours.label,
                  DurationText(std::min(view.playback.Time(), view.duration)) + L" of " +
                      DurationText(view.duration));
 }
@@ -91,28 +92,33 @@ void PaintFooter(CPainter& painter, const Box& box, const View& view)
         {L"D", L"depth span"},
         {L"U", EUnits::system == 0 ? L"to US units" : L"to metric units"},
         {L"S", L"save picture"},
+        {L"F6", L"next window"},
+        {L"Tab", L"next control"},
         {L"Esc", L"close"},
     };
-    constexpr int capHeight = skins::grad1::face.h;
-    constexpr int padding = 8;
+    FontSet& fonts = painter.Fonts();
+    const int capHeight = painter.U(skins::grad1::face.h);
+    const int padding = painter.U(8);
     const int top = box.CentreY() - capHeight / 2;
-    const int baseline = top + 17;
-    int x = box.left + 10;
+    const int baseline = top + painter.U(17);
+    int x = box.left + painter.U(10);
+    painter.Solid(box, painter.Colours().back);
     for (const Key& key : keys) {
-        const int width = std::max(painter.TextWidth(Vant::boldF, key.key) + 2 * padding, capHeight);
-        DrawSkin(painter.Dc(), {x, top, x + width, top + capHeight}, Vant::grad1, skins::grad1::face);
-        painter.Text(x + width / 2.0, baseline, Align::Centre, Vant::boldF, painter.Colours().text, key.key);
-        x += width + 6;
-        painter.Text(x, baseline, Align::Left, Vant::smallF, painter.Colours().label, key.meaning);
-        x += painter.TextWidth(Vant::smallF, key.meaning) + 16;
+        const int width = std::max(painter.TextWidth(fonts.caption, key.key) + 2 * padding, capHeight);
+        painter.Skin({x, top, x + width, top + capHeight}, Vant::grad1, skins::grad1::face);
+        painter.Text(x + width / 2.0, baseline, Align::Centre, fonts.caption, painter.Colours().text,
+                     key.key);
+        x += width + painter.U(6);
+        painter.Text(x, baseline, Align::Left, fonts.note, painter.Colours().label, key.meaning);
+        x += painter.TextWidth(fonts.note, key.meaning) + painter.U(16);
     }
 
     const LineCounts& counts = view.playback.Counts();
     const std::wstring read = std::to_wstring(counts.read) + L" sentences read,  " +
                               std::to_wstring(counts.rejected) + L" rejected";
-    const int right = box.right - 14;
-    if (right - painter.TextWidth(Vant::smallF, read) >= x) // else the keys need the place
-        painter.Text(right, baseline, Align::Right, Vant::smallF, painter.Colours().label, read);
+    const int right = box.right - painter.U(14);
+    if (right - painter.TextWidth(fonts.note, read) >= x) // else the keys need the place
+        painter.Text(right, baseline, Align::Right, fonts.note, painter.Colours().label, read);
 }
 
 } // namespace demo

@@ -13,23 +13,21 @@ namespace
 
 constexpr double unitGap = 5.0;
 constexpr const wchar_t* degreeSign = L"\u00B0";
-constexpr int lampGreen = 0; // the cells of the lamps' skin
-constexpr int lampAmber = 1;
-constexpr int lampRed = 2;
-
-int LampOf(Freshness state) noexcept
-{
-    return state == Freshness::Live ? lampGreen : state == Freshness::Stale ? lampAmber : lampRed;
-}
 
 } // namespace
 
-CPainter::CPainter(CDC& dc, Canvas canvas, FontSet& fonts, const Palette& palette, double scale)
+Lamp LampOf(Freshness state) noexcept
+{
+    return state == Freshness::Live ? Lamp::Green : state == Freshness::Stale ? Lamp::Amber : Lamp::Red;
+}
+
+CPainter::CPainter(CDC& dc, Canvas canvas, FontSet& fonts, const Palette& palette, double scale, CDpi dpi)
     : m_dc(dc)
     , m_canvas(std::move(canvas))
     , m_fonts(fonts)
     , m_palette(palette)
     , m_scale(scale)
+    , m_dpi(dpi)
     , m_saved(dc.SaveDC())
 {
     m_dc.SetBkMode(TRANSPARENT);
@@ -39,6 +37,16 @@ CPainter::CPainter(CDC& dc, Canvas canvas, FontSet& fonts, const Palette& palett
 CPainter::~CPainter()
 {
     m_dc.RestoreDC(m_saved);
+}
+
+void CPainter::Skin(const Box& box, CDC& skin, const vant::skins::Region& piece, int cell)
+{
+    DrawSkin(m_dc, box, skin, piece, m_dpi, cell);
+}
+
+void CPainter::Stamp(int x, int y, CDC& skin, const vant::skins::Region& piece, int cell)
+{
+    StampSkin(m_dc, x, y, skin, piece, m_dpi, cell);
 }
 
 void CPainter::Text(double x, double baseline, Align align, CFont& font, COLORREF colour,
@@ -66,7 +74,9 @@ void CPainter::Value(double x, double baseline, Align align, CFont& font, const 
     const std::wstring text = std::wstring(figure.text) + (degrees ? degreeSign : L"");
     const std::wstring_view unit = degrees ? figure.unit.substr(1) : figure.unit;
 
-    CFont& unitFont = &font == &m_fonts.value ? m_fonts.label : m_fonts.value;
+    CFont& unitFont = &font == &m_fonts.value   ? m_fonts.label
+                      : &font == &m_fonts.clock ? m_fonts.title
+                                                : m_fonts.value;
     const double textWidth = TextWidth(font, text);
     const double gap = unit.empty() || degrees ? 0.0 : S(unitGap);
     const double unitWidth = unit.empty() ? 0.0 : gap + TextWidth(unitFont, unit);
@@ -122,22 +132,24 @@ void CPainter::ClearClip()
     m_canvas.ClearClip();
 }
 
-Box CPainter::Panel(const Box& box, std::wstring_view title, std::wstring_view note, Freshness state)
+Box CPainter::Panel(const Box& box, std::wstring_view title, std::wstring_view note, std::optional<Lamp> lamp)
 {
     Solid(box, m_palette.frame);
     Solid(box.Inset(1, 1), m_palette.panel);
 
     namespace skins = vant::skins;
-    constexpr int captionHeight = skins::grad2::category.h;
-    const Box caption{box.left + 1, box.top + 1, box.right - 1, box.top + 1 + captionHeight};
-    DrawSkin(m_dc, caption, Vant::grad2, skins::grad2::category);
-    const int lampX = caption.right - skins::leds::lit.w - 4;
-    StampSkin(m_dc, lampX, caption.CentreY() - skins::leds::lit.h / 2, Vant::leds, skins::leds::lit,
-              LampOf(state));
+    const Box caption{box.left + 1, box.top + 1, box.right - 1, box.top + 1 + U(skins::grad2::category.h)};
+    Skin(caption, Vant::grad2, skins::grad2::category);
+    int right = caption.right - U(4);
+    if (lamp) {
+        right -= U(skins::leds::lit.w);
+        Stamp(right, caption.CentreY() - U(skins::leds::lit.h) / 2, Vant::leds, skins::leds::lit,
+              static_cast<int>(*lamp));
+    }
 
-    const int baseline = caption.bottom - 8;
-    Text(caption.left + 12, baseline, Align::Left, Vant::boldF, m_palette.text, title);
-    Text(lampX - 8, baseline, Align::Right, Vant::smallF, m_palette.label, note);
+    const int baseline = caption.bottom - U(8);
+    Text(caption.left + U(12), baseline, Align::Left, m_fonts.caption, m_palette.text, title);
+    Text(right - U(8), baseline, Align::Right, m_fonts.note, m_palette.label, note);
     return {box.left + 1, caption.bottom, box.right - 1, box.bottom - 1};
 }
 

@@ -1,13 +1,16 @@
 #pragma once
 
+#include "controls/CDpi.h"
 #include "demo/FontSet.h"
 #include "demo/Palette.h"
 #include "demo/detail/Canvas.h"
 #include "demo/detail/Path.h"
 #include "demo/detail/Playback.h"
+#include "resources/Skins.h"
 
 #include <afxwin.h>
 
+#include <optional>
 #include <string_view>
 
 namespace demo
@@ -22,11 +25,19 @@ struct Figure {
     Freshness state = Freshness::Live;
 };
 
+/** The lamp in a panel's caption, by its cell in the skin. */
+enum class Lamp { Green, Amber, Red };
+
+/** Green while live, amber when stale, red without a reading. */
+Lamp LampOf(Freshness state) noexcept;
+
 /** What the instruments paint with: one drawing's context, canvas, fonts, colours and scale. */
 class CPainter
 {
 public:
-    CPainter(CDC& dc, Canvas canvas, FontSet& fonts, const Palette& palette, double scale);
+    /** @param scale  pixels of the display in a pixel that the instruments were drawn for
+     *  @param dpi  of the monitor, for captions, bars and skins */
+    CPainter(CDC& dc, Canvas canvas, FontSet& fonts, const Palette& palette, double scale, CDpi dpi);
     ~CPainter();
 
     CPainter(const CPainter&) = delete;
@@ -39,6 +50,14 @@ public:
     /** A length in the display's own pixels, scaled. */
     double S(double pixels) const noexcept { return pixels * m_scale; }
     int I(double pixels) const noexcept { return static_cast<int>(pixels * m_scale + 0.5); }
+
+    /** A length in layout units, in pixels. */
+    int U(int units) const noexcept { return m_dpi.ToPx(units); }
+
+    /** @name Pieces of the library's skins, see DrawSkin() and StampSkin() @{ */
+    void Skin(const Box& box, CDC& skin, const vant::skins::Region& piece, int cell = 0);
+    void Stamp(int x, int y, CDC& skin, const vant::skins::Region& piece, int cell = 0);
+    /** @} */
 
     /** Writes text on a base line; `x` is its left end, middle or right end. */
     void Text(double x, double baseline, Align align, CFont& font, COLORREF colour, std::wstring_view text);
@@ -62,10 +81,14 @@ public:
     void SetClip(const Box& clip);
     void ClearClip();
 
-    /** An instrument's panel with its caption and lamp: green while live, amber when stale, red without a
-     * reading.
-     *  @return the place inside */
-    Box Panel(const Box& box, std::wstring_view title, std::wstring_view note, Freshness state);
+    /** A panel with its caption and, if it has one, its lamp. @return the place inside */
+    Box Panel(const Box& box, std::wstring_view title, std::wstring_view note, std::optional<Lamp> lamp);
+
+    /** An instrument's panel, whose lamp tells the state of its sensor. */
+    Box Panel(const Box& box, std::wstring_view title, std::wstring_view note, Freshness state)
+    {
+        return Panel(box, title, note, LampOf(state));
+    }
 
     /** The colour of a value in a state. */
     COLORREF ValueColour(Freshness state) const noexcept;
@@ -76,6 +99,7 @@ private:
     FontSet& m_fonts;
     const Palette& m_palette;
     double m_scale;
+    CDpi m_dpi;
     int m_saved;
 };
 

@@ -1,9 +1,11 @@
 #include "demo/DemoSettings.h"
 
+#include "controls/CVantWnd.h"
 #include "platform/Vant.h"
 #include "settings/CESet.h"
 
 #include <algorithm>
+#include <numbers>
 
 namespace demo
 {
@@ -13,10 +15,14 @@ namespace
 constexpr const wchar_t* collection = L"VantDemo";
 constexpr const wchar_t* ownObject = L"Display";
 constexpr const wchar_t* vantObject = L"Vant";
-constexpr int leastSpan = 10; // seconds
-constexpr int mostSpan = 3600;
-constexpr double mostLimit = 1000.0; // metres
 constexpr int mostRuns = 1000000;
+
+template <typename T>
+void KeepWithin(T& value, T least, T most, T otherwise)
+{
+    if (!(value >= least && value <= most))
+        value = otherwise;
+}
 
 } // namespace
 
@@ -32,6 +38,27 @@ void DemoSettings::Settings(CESetObj& obj)
     obj.Item(L"DepthSpan", depthSpan);
     obj.Item(L"Units", units);
     obj.Item(L"ShallowLimit", shallowLimit);
+    obj.Item(L"LostFix", lostFix);
+    obj.Item(L"Sound", sound);
+    obj.Item(L"Sensor", sensor);
+    obj.Item(L"Address", address);
+    obj.Item(L"Port", port);
+    obj.Item(L"BeamBearing", mounting.bearing);
+    obj.Item(L"BeamSlope", mounting.slope);
+}
+
+void DemoSettings::Mend()
+{
+    const DemoSettings usual;
+    runs = std::clamp(runs, 0, mostRuns);
+    KeepWithin(depthSpan, leastSpan, mostSpan, usual.depthSpan);
+    KeepWithin(units, 0, 1, usual.units);
+    KeepWithin(shallowLimit, 0.0, mostLimit, usual.shallowLimit);
+    KeepWithin(lostFix, leastLostFix, mostLostFix, usual.lostFix);
+    KeepWithin(port, 1, mostPort, usual.port);
+    KeepWithin(mounting.bearing, 0.0, 2.0 * std::numbers::pi, usual.mounting.bearing);
+    KeepWithin(mounting.slope, 0.0, Mounting::upright, usual.mounting.slope);
+    sound = sound != 0;
 }
 
 bool DemoSettings::Load(const CString& file)
@@ -44,14 +71,7 @@ bool DemoSettings::Load(const CString& file)
         return true;
     if (CESetObj* const obj = col->GetObj(ownObject))
         Settings(*obj);
-    // A settings file is input: what cannot be shown gives way to the default.
-    if (depthSpan < leastSpan || depthSpan > mostSpan)
-        depthSpan = DemoSettings().depthSpan;
-    if (units != 0 && units != 1)
-        units = DemoSettings().units;
-    if (!(shallowLimit >= 0.0 && shallowLimit <= mostLimit))
-        shallowLimit = DemoSettings().shallowLimit;
-    runs = std::clamp(runs, 0, mostRuns);
+    Mend();
     if (CESetObj* const obj = col->GetObj(vantObject))
         Vant::Settings(*obj);
     return true;
@@ -63,7 +83,24 @@ bool DemoSettings::Save(const CString& file)
     CESetCol* const col = set.AddCol(collection);
     Settings(*col->AddObj(ownObject, L"DemoSettings"));
     Vant::Settings(*col->AddObj(vantObject, L"Vant"));
+    CVantWnd::SaveSet(set);
     return set.Save(file) != 0;
+}
+
+void LoadWindows(const CString& file)
+{
+    CESet set(0);
+    if (set.Load(file))
+        CVantWnd::LoadSet(set);
+}
+
+CString PlainName(const CString& name)
+{
+    CString plain = name;
+    plain.Remove(L'"');
+    plain.Remove(L'%');
+    plain.Trim();
+    return plain;
 }
 
 } // namespace demo

@@ -1,6 +1,8 @@
 #pragma once
 
+#include "demo/detail/AlarmWatch.h"
 #include "demo/detail/Geometry.h"
+#include "demo/detail/Mounting.h"
 
 #include <afxwin.h>
 
@@ -9,27 +11,56 @@ class CESetObj;
 namespace demo
 {
 
-/** What the demonstration remembers from one run to the next. */
+/** What the demonstration remembers from one run to the next. The controls of the set-up window are bound to
+ * these variables. */
 struct DemoSettings {
     int runs = 0; ///< how often it has been started
     Box window; ///< place of the window while it is neither maximised nor an icon; empty before the first run
     int maximised = 0;
-    int headingUp = 1;   ///< see View
-    int depthSpan = 120; ///< seconds, see View
-    int units = 0;       ///< unit system: 0 metric, 1 United States customary
+
+    int headingUp = 1;        ///< see View
+    double depthSpan = 120.0; ///< seconds, see View
+    int units = 0;            ///< unit system: 0 metric, 1 United States customary
+
     /** Metres; a smaller depth raises the alarm, 0 never does. The survey that comes with the program crosses
      * a bank that is shallower than the default twice within its first 200 s. */
     double shallowLimit = 14.0;
+    double lostFix = AlarmWatch::usualSearch; ///< seconds without a position that raise the alarm
+    int sound = 0;                            ///< non-zero: alarms are heard
+
+    CString sensor = L"Echo sounder";   ///< name of the instrument that is played
+    unsigned long address = 0x2800A8C0; ///< its network address, the first number in the lowest byte
+    int port = 10110;                   ///< its port: that of NMEA 0183 over a network
+    Mounting mounting;                  ///< of its transducer
+
+    /** @name Ranges of the values that the user types @{ */
+    static constexpr double leastSpan = 10.0; ///< seconds
+    static constexpr double mostSpan = 3600.0;
+    static constexpr double mostLimit = 1000.0; ///< metres
+    static constexpr double leastLostFix = 1.0; ///< seconds
+    static constexpr double mostLostFix = 300.0;
+    static constexpr int mostPort = 65535;
+    /** @} */
 
     /** Writes the state to, or reads it from, a settings object; the object's tree decides the direction. */
     void Settings(CESetObj& obj);
+
+    /** Gives way to the defaults where a value cannot be used: a settings file is input. */
+    void Mend();
 
     /** Reads a settings file, Vant's own state in it included. What the file lacks keeps its value.
      *  @return false when there is no such file */
     bool Load(const CString& file);
 
-    /** Replaces a settings file. @return false when it could not be written */
+    /** Replaces a settings file; the state of the platform windows goes into it too. @return false when it
+     * could not be written */
     bool Save(const CString& file);
 };
+
+/** Gives the platform windows that exist the state that DemoSettings::Save() put into the file. */
+void LoadWindows(const CString& file);
+
+/** A name as a settings file can keep it: without quotation marks and per cent signs. */
+CString PlainName(const CString& name);
 
 } // namespace demo

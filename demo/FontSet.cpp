@@ -14,7 +14,7 @@ namespace
 
 constexpr double leastTextScale = 0.92; // small text stops shrinking before the rest
 
-void MakeFont(CFont& font, double pixels, LONG weight)
+void MakeFont(CFont& font, double pixels, LONG weight = FW_NORMAL)
 {
     LOGFONTW record{};
     record.lfHeight = -std::lround(pixels); // negative: of the characters, not of their cells
@@ -27,18 +27,27 @@ void MakeFont(CFont& font, double pixels, LONG weight)
 
 } // namespace
 
-void FontSet::Make(double scale)
+void FontSet::Make(double scale, CDpi dpi)
 {
-    if (scale == m_scale)
+    if (scale == m_scale && dpi == m_dpi)
         return;
     m_scale = scale;
-    MakeFont(Vant::largeF, 92.0 * scale, FW_NORMAL);
-    MakeFont(dial, 50.0 * scale, FW_NORMAL);
-    MakeFont(big, 36.0 * scale, FW_NORMAL);
-    MakeFont(value, 21.0 * scale, FW_NORMAL);
-    const double readable = std::max(scale, leastTextScale);
-    MakeFont(label, 14.0 * readable, FW_NORMAL);
-    MakeFont(small, 12.0 * readable, FW_NORMAL);
+    m_dpi = dpi;
+    const double monitor = static_cast<double>(dpi.Dpi()) / CDpi::base;
+    const double pixels = scale * monitor;
+    MakeFont(Vant::largeF, 92.0 * pixels);
+    MakeFont(dial, 50.0 * pixels);
+    MakeFont(big, 36.0 * pixels);
+    MakeFont(value, 21.0 * pixels);
+    const double readable = std::max(pixels, leastTextScale);
+    MakeFont(label, 14.0 * readable);
+    MakeFont(small, 12.0 * readable);
+
+    MakeFont(title, 21.0 * monitor);
+    MakeFont(clock, 36.0 * monitor);
+    MakeFont(caption, 12.0 * monitor, FW_BOLD);
+    MakeFont(line, 14.0 * monitor);
+    MakeFont(note, 12.0 * monitor);
 }
 
 } // namespace demo

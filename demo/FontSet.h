@@ -1,12 +1,14 @@
 #pragma once
 
+#include "controls/CDpi.h"
+
 #include <afxwin.h>
 
 namespace demo
 {
 
-/** The fonts of the readings, which grow with the window. The biggest is Vant::largeF, which the library
- * leaves to the application; captions use the library's own. */
+/** The fonts of the readings, which grow with the window, and of captions and bars, which grow with the
+ * monitor's dots per inch only. The biggest is Vant::largeF, which the library leaves to the application. */
 class FontSet
 {
 public:
@@ -16,11 +18,18 @@ public:
     CFont label; ///< names, units
     CFont small; ///< axes
 
-    /** Makes all of them for a scale; one that already fits does nothing. */
-    void Make(double scale);
+    CFont title;   ///< name of the application
+    CFont clock;   ///< time of day
+    CFont caption; ///< names of panels and keys
+    CFont line;    ///< alarms
+    CFont note;    ///< remarks beside captions
+
+    /** Makes all of them; what already fits does nothing. @param scale  of the readings, without the dpi */
+    void Make(double scale, CDpi dpi);
 
 private:
     double m_scale = 0.0;
+    CDpi m_dpi;
 };
 
 } // namespace demo

@@ -15,19 +15,19 @@ struct Cuts {
     std::array<int, 4> to;
 };
 
-Cuts CutsOf(int from, int length, int low, int high, int to, int toLength)
+Cuts CutsOf(int from, int length, int low, int high, int to, int toLength, CDpi dpi)
 {
     return {{from, from + low, from + length - high, from + length},
-            {to, to + low, to + toLength - high, to + toLength}};
+            {to, to + dpi.ToPx(low), to + toLength - dpi.ToPx(high), to + toLength}};
 }
 
 } // namespace
 
-void DrawSkin(CDC& dc, const Box& box, CDC& skin, const vant::skins::Region& piece, int cell)
+void DrawSkin(CDC& dc, const Box& box, CDC& skin, const vant::skins::Region& piece, CDpi dpi, int cell)
 {
     const Cuts x =
-        CutsOf(piece.left(cell), piece.w, piece.edges.left, piece.edges.right, box.left, box.Width());
-    const Cuts y = CutsOf(piece.y, piece.h, piece.edges.top, piece.edges.bottom, box.top, box.Height());
+        CutsOf(piece.left(cell), piece.w, piece.edges.left, piece.edges.right, box.left, box.Width(), dpi);
+    const Cuts y = CutsOf(piece.y, piece.h, piece.edges.top, piece.edges.bottom, box.top, box.Height(), dpi);
     dc.SetStretchBltMode(COLORONCOLOR);
     for (std::size_t row = 0; row < 3; ++row)
         for (std::size_t column = 0; column < 3; ++column) {
@@ -39,9 +39,10 @@ void DrawSkin(CDC& dc, const Box& box, CDC& skin, const vant::skins::Region& pie
         }
 }
 
-void StampSkin(CDC& dc, int x, int y, CDC& skin, const vant::skins::Region& piece, int cell)
+void StampSkin(CDC& dc, int x, int y, CDC& skin, const vant::skins::Region& piece, CDpi dpi, int cell)
 {
-    dc.TransparentBlt(x, y, piece.w, piece.h, &skin, piece.left(cell), piece.y, piece.w, piece.h, Vant::back);
+    dc.SetStretchBltMode(COLORONCOLOR);
+    dc.TransparentBlt(x, y, dpi.ToPx(piece.w), dpi.ToPx(piece.h), &skin, piece.left(cell), piece.y, piece.w, piece.h, Vant::back);
 }
 
 } // namespace demo

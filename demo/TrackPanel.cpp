@@ -10,6 +10,7 @@ namespace
 {
 
 constexpr std::size_t brightPoints = 60; // the last ones are drawn brighter
+constexpr double leastFootprint = 9.0;   // beside the boat; nearer it would be under the hull
 
 void PaintGrid(CPainter& painter, const Box& chart, const ChartView& view)
 {
@@ -50,6 +51,25 @@ void PaintBoat(CPainter& painter, Point at, double bearing, Freshness state)
     boat.AddPolygon(hull);
     boat.Place(bearing, at);
     painter.Fill(boat, InkOf(painter.ValueColour(state)));
+}
+
+/** Where the sounder's beam meets the ground, joined to the boat, when that is far enough beside it. */
+void PaintFootprint(CPainter& painter, const Playback& playback, Point boat, double bearing,
+                    double pixelsPerMetre)
+{
+    if (playback.State(Quantity::DepthBelowTransducer) == Freshness::None)
+        return;
+    const Mounting& mounting = playback.Mounted();
+    const double depth = playback.Value(Quantity::DepthBelowTransducer);
+    const double down = mounting.DepthPart();
+    const double aside = down > 0.0 ? depth * mounting.SidePart() / down * pixelsPerMetre : 0.0;
+    if (aside < painter.S(leastFootprint))
+        return;
+    const Point at = AtBearing(boat, aside, bearing + mounting.bearing);
+    Path mark;
+    mark.AddLine(boat, at, painter.S(1.2));
+    mark.AddRing(at, painter.S(2.6), painter.S(4.6));
+    painter.Fill(mark, InkOf(painter.Colours().label, 0.9));
 }
 
 void PaintScaleBar(CPainter& painter, const Box& chart, const ChartView& view)
@@ -105,7 +125,9 @@ void PaintTrack(CPainter& painter, const Box& box, const View& view)
     const TrackPoint& last = track.Last();
     const bool headingKnown = playback.State(Quantity::Heading) != Freshness::None;
     const double bearing = headingKnown ? playback.Value(Quantity::Heading) : 0.0;
-    PaintBoat(painter, chartView.Pixel(last.latitude, last.longitude), bearing, state);
+    const Point boat = chartView.Pixel(last.latitude, last.longitude);
+    PaintFootprint(painter, playback, boat, bearing, chartView.GridPixels() / chartView.GridMetres());
+    PaintBoat(painter, boat, bearing, state);
     PaintNorth(painter, chart);
     painter.ClearClip();
     PaintScaleBar(painter, chart, chartView);

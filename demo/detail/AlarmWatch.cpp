@@ -46,12 +46,12 @@ void AlarmWatch::Fix(double time, bool valid)
 
 void AlarmWatch::Pass(double time)
 {
-    if (m_lost || time - m_lastFix <= longestSearch)
+    if (m_lost || time - m_lastFix <= m_longestSearch)
         return;
     m_lost = true;
     m_searched = 0.0;
     // Silence is dated when it became too long, not when that was noticed.
-    Report({m_lastFix + longestSearch, AlarmId::LostFix, true, longestSearch});
+    Report({m_lastFix + m_longestSearch, AlarmId::LostFix, true, m_longestSearch});
 }
 
 void AlarmWatch::Restart(double time)
@@ -62,6 +62,7 @@ void AlarmWatch::Restart(double time)
         Report({time, AlarmId::LostFix, false, std::max(m_searched, SearchTime(time))});
     AlarmWatch fresh;
     fresh.m_limit = m_limit;
+    fresh.m_longestSearch = m_longestSearch;
     fresh.m_events = std::move(m_events);
     *this = std::move(fresh);
 }

@@ -26,14 +26,18 @@ struct AlarmEvent {
 class AlarmWatch
 {
 public:
-    static constexpr double depthSpare = 0.5;    ///< metres below the limit's depth that end the alarm
-    static constexpr double longestSearch = 5.0; ///< seconds without a position that begin the alarm
-    static constexpr double steadyFix = 2.0;     ///< seconds of uninterrupted positions that end it
-    static constexpr double longestGap = 3.2;    ///< seconds between two positions of one steady fix
+    static constexpr double depthSpare = 0.5; ///< metres below the limit's depth that end the alarm
+    static constexpr double usualSearch = 5.0; ///< see SetLongestSearch()
+    static constexpr double steadyFix = 2.0;   ///< seconds of uninterrupted positions that end a search
+    static constexpr double longestGap = 3.2;  ///< seconds between two positions of one steady fix
 
     /** Sets the least safe depth in metres; nothing is shallow at 0. Holds from the next sounding on. */
     void SetShallowLimit(double metres) noexcept { m_limit = metres; }
     double ShallowLimit() const noexcept { return m_limit; }
+
+    /** Sets how many seconds without a position begin the alarm. */
+    void SetLongestSearch(double seconds) noexcept { m_longestSearch = seconds; }
+    double LongestSearch() const noexcept { return m_longestSearch; }
 
     /** Takes a sounding in metres. A missing one tells nothing: an alarm stays as it is. */
     void Sound(double time, double depth);
@@ -44,7 +48,7 @@ public:
     /** Lets time pass: silence is a lost fix too. Watching begins at 0, as if there had been a fix then. */
     void Pass(double time);
 
-    /** Ends what is on, for a tape that starts again, and forgets all but the limit and the events. */
+    /** Ends what is on, for a tape that starts again, and forgets all but the limits and the events. */
     void Restart(double time);
 
     bool IsOn(AlarmId id) const noexcept;
@@ -59,6 +63,7 @@ private:
     void Report(const AlarmEvent& event);
 
     double m_limit = 0.0;
+    double m_longestSearch = usualSearch;
     double m_lastFix = 0.0;
     double m_fixSince = missing; // when the present fix was found; missing during a search
     double m_searched = 0.0;     // how long the last search took

@@ -5,12 +5,54 @@ namespace demo
 namespace
 {
 
-constexpr int gap = 10; // around and between panels
+constexpr int gap = 10; // around and between the parts
 constexpr int headerHeight = 52;
-constexpr int alarmHeight = 26;     // its lamps are 20 high, whatever the scale
-constexpr int footerHeight = 34;    // its skins are 24 high, whatever the scale
-constexpr double depthShare = 0.42; // of the width, for the first column
-constexpr double upperShare = 0.53; // of the height, for the upper row
+constexpr int alarmHeight = 26;
+constexpr int footerHeight = 34;
+constexpr double depthShare = 0.42; // of the instruments' width, for the first column
+constexpr double upperShare = 0.53; // of the instruments' height, for the upper row
+
+constexpr int instrumentWidth = 1260; // the area that the instruments were drawn for
+constexpr int instrumentHeight = 668;
+
+constexpr int setupWidth = 332; // of the sections' headers and a frame
+constexpr double dockShare = 0.17; // of the whole height
+constexpr int leastDock = 96;
+constexpr int mostDock = 240;
+constexpr double dockShares[] = {0.36, 0.28}; // of the instruments' width, the last one takes the rest
+
+void PlaceInstruments(Layout& layout, const Box& area) noexcept
+{
+    const int split = area.top + static_cast<int>((area.Height() - gap) * upperShare);
+    const int inner = area.Width() - 2 * gap;
+    const int first = static_cast<int>(inner * depthShare);
+    const int second = (inner - first) / 2;
+
+    const int x2 = area.left + first + gap;
+    const int x3 = x2 + second + gap;
+    const auto upper = [&](int left, int right) { return Box{left, area.top, right, split}; };
+    const auto lower = [&](int left, int right) { return Box{left, split + gap, right, area.bottom}; };
+    layout.depth = upper(area.left, x2 - gap);
+    layout.track = lower(area.left, x2 - gap);
+    layout.heading = upper(x2, x3 - gap);
+    layout.position = lower(x2, x3 - gap);
+    layout.wind = upper(x3, area.right);
+    layout.motion = lower(x3, area.right);
+    layout.scale = std::min(static_cast<double>(area.Width()) / instrumentWidth,
+                            static_cast<double>(area.Height()) / instrumentHeight);
+}
+
+void PlaceDocks(Layout& layout, const Box& area) noexcept
+{
+    const int inner = area.Width() - 2 * gap;
+    int left = area.left;
+    for (std::size_t i = 0; i < layout.docks.size(); ++i) {
+        const bool isLast = i + 1 == layout.docks.size();
+        const int right = isLast ? area.right : left + static_cast<int>(inner * dockShares[i]);
+        layout.docks[i] = {left, area.top, right, area.bottom};
+        left = right + gap;
+    }
+}
 
 } // namespace
 
@@ -20,31 +62,18 @@ Layout Layout::Of(int width, int height) noexcept
     height = std::max(height, leastHeight);
 
     Layout layout;
-    layout.scale =
-        std::min(static_cast<double>(width) / designWidth, static_cast<double>(height) / designHeight);
-    layout.header = {0, 0, width, static_cast<int>(headerHeight * std::max(layout.scale, 1.0))};
+    layout.header = {0, 0, width, headerHeight};
+    layout.alarms = {0, layout.header.bottom, width, layout.header.bottom + alarmHeight};
     layout.footer = {0, height - footerHeight, width, height};
 
-    layout.alarms = {0, layout.header.bottom, width, layout.header.bottom + alarmHeight};
-
     const int top = layout.alarms.bottom + gap;
-    const int bottom = layout.footer.top - gap;
-    const int split = top + static_cast<int>((bottom - top - gap) * upperShare);
-    const int inner = width - 4 * gap;
-    const int first = static_cast<int>(inner * depthShare);
-    const int second = (inner - first) / 2;
+    const int bottom = layout.footer.top;
+    layout.setup = {width - gap - setupWidth, top, width - gap, bottom};
 
-    const int x1 = gap;
-    const int x2 = x1 + first + gap;
-    const int x3 = x2 + second + gap;
-    const auto upper = [&](int left, int right) { return Box{left, top, right, split}; };
-    const auto lower = [&](int left, int right) { return Box{left, split + gap, right, bottom}; };
-    layout.depth = upper(x1, x2 - gap);
-    layout.track = lower(x1, x2 - gap);
-    layout.heading = upper(x2, x3 - gap);
-    layout.position = lower(x2, x3 - gap);
-    layout.wind = upper(x3, width - gap);
-    layout.motion = lower(x3, width - gap);
+    const int right = layout.setup.left - gap;
+    const int dock = std::clamp(static_cast<int>(height * dockShare), leastDock, mostDock);
+    PlaceDocks(layout, {gap, bottom - dock, right, bottom});
+    PlaceInstruments(layout, {gap, top, right, bottom - dock - gap});
     return layout;
 }
 

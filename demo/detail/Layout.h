@@ -2,29 +2,33 @@
 
 #include "demo/detail/Geometry.h"
 
+#include <array>
+
 namespace demo
 {
 
-/** Where the parts of the display are in the window's client area. */
+/** Where the parts of the bridge are in its client area. All lengths are the library's layout units. */
 struct Layout {
     Box header;
-    Box alarms;
+    Box alarms; ///< the line that tells which alarms are on
     Box depth;
     Box track;
     Box heading;
     Box position;
     Box wind;
     Box motion;
+    std::array<Box, 3> docks; ///< the consoles under the instruments
+    Box setup;                ///< the column at the right
     Box footer;
-    double scale = 1.0; ///< of text and lines; 1 for the area that the display was drawn for
+    double scale = 1.0; ///< of text and lines in the instruments; 1 for the area that they were drawn for
 
-    static constexpr int designWidth = 1280;
-    static constexpr int designHeight = 800;
-    static constexpr int leastWidth = 1000; ///< a smaller area is not fit to be read
-    static constexpr int leastHeight = 660;
+    static constexpr int designWidth = 1500;
+    static constexpr int designHeight = 980;
+    static constexpr int leastWidth = 1040; ///< a smaller area is not fit to be read
+    static constexpr int leastHeight = 680;
 
-    /** Divides an area of any size, at least leastWidth x leastHeight being used: three columns of two panels
-     *  between header and alarm line above and the footer below. */
+    /** Divides an area of any size, at least leastWidth x leastHeight being used: header and alarm line above,
+     * the footer below; between them three columns of two instruments over the consoles, and the set-up. */
     static Layout Of(int width, int height) noexcept;
 };
 

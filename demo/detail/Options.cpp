@@ -71,6 +71,10 @@ Options Options::Parse(std::span<const std::wstring_view> arguments)
             result.help = true;
             return result;
         }
+        if (name == L"--script") {
+            result.script = true;
+            continue;
+        }
         const auto isName = [name](const auto& option) { return option.name == name; };
         const auto* const number = std::ranges::find_if(numberOptions, isName);
         const auto* const text = std::ranges::find_if(textOptions, isName);
@@ -104,10 +108,12 @@ const char* Options::Help() noexcept
            "  --rate R      play R seconds of the log in each second (default 10)\n"
            "  --log FILE    the log to play (default: the survey that comes with the program)\n"
            "  --out DIR     where settings, picture and log go (default: out)\n"
+           "  --script      try the controls with the mouse and the keys, say what happened, and\n"
+           "                end when that is done and the seconds are over\n"
            "  --help        show this text\n"
            "\n"
            "Exit code 0 after a run, 1 when something could not be written, 2 when an argument or\n"
-           "the log is no good.\n";
+           "the log is no good, 3 when a step of the script failed.\n";
 }
 
 } // namespace demo

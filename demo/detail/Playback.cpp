@@ -68,8 +68,10 @@ void Playback::Rewind()
 {
     AlarmWatch alarms = std::move(m_alarms);
     alarms.Restart(m_time);
+    const Mounting mounting = m_mounting;
     *this = Playback(*m_tape);
     m_alarms = std::move(alarms);
+    m_mounting = mounting;
 }
 
 double Playback::Age(Quantity quantity) const noexcept
@@ -124,10 +126,11 @@ void Playback::Keep(const NmeaReadings& readings, double time)
             // GGA and RMC of one second carry the same position: the track takes it once.
             moved = reading.value != m_values[Quantity::UtcTime].value || m_track.IsEmpty();
         }
-        m_values[reading.quantity] = {reading.value, time, true};
+        const double value = Corrected(readings, reading);
+        m_values[reading.quantity] = {value, time, true};
         if (reading.quantity == Quantity::DepthBelowSurface) {
-            m_depths.Add({time, reading.value});
-            m_alarms.Sound(time, reading.value);
+            m_depths.Add({time, value});
+            m_alarms.Sound(time, value);
         }
         if (reading.quantity == Quantity::Latitude)
             m_alarms.Fix(time, !IsMissing(reading.value));
@@ -135,6 +138,16 @@ void Playback::Keep(const NmeaReadings& readings, double time)
     const double latitude = readings.Value(Quantity::Latitude);
     if (moved && !IsMissing(latitude))
         m_track.Add({latitude, readings.Value(Quantity::Longitude), wasLive && !m_track.IsEmpty()});
+}
+
+double Playback::Corrected(const NmeaReadings& readings, const Reading& reading) const noexcept
+{
+    const bool belowSurface = reading.quantity == Quantity::DepthBelowSurface;
+    if (IsMissing(reading.value) || (!belowSurface && reading.quantity != Quantity::DepthBelowTransducer))
+        return reading.value;
+    // The beam slants from the transducer down; what lies above the transducer is measured upright.
+    const double along = readings.Value(Quantity::DepthBelowTransducer);
+    return reading.value - (IsMissing(along) ? reading.value : along) * (1.0 - m_mounting.DepthPart());
 }
 
 void Playback::WatchSensors(double time)

@@ -2,6 +2,7 @@
 
 #include "demo/detail/AlarmWatch.h"
 #include "demo/detail/History.h"
+#include "demo/detail/Mounting.h"
 #include "demo/detail/NmeaReadings.h"
 #include "demo/detail/Tape.h"
 
@@ -75,8 +76,8 @@ public:
      * end the clock runs on and the readings grow old. */
     void Advance(double seconds);
 
-    /** Starts again at the beginning, with nothing known and nothing counted. Alarms end; their limit stays.
-     */
+    /** Starts again at the beginning, with nothing known and nothing counted. Alarms end; their limits and the
+     * mounting stay. */
     void Rewind();
 
     double Time() const noexcept { return m_time; }
@@ -99,6 +100,13 @@ public:
     /** Hands over the events since the last call, oldest first. */
     std::vector<SensorEvent> TakeEvents();
 
+    /** Sets how the echo sounder is mounted; holds from the next sounding on. */
+    void SetMounting(const Mounting& mounting) noexcept { m_mounting = mounting; }
+    const Mounting& Mounted() const noexcept { return m_mounting; }
+
+    /** Lines that have been played, damaged ones too; each is Tape::Line() of its number. */
+    std::size_t Played() const noexcept { return m_next; }
+
     /** The alarms, which follow every line of the tape. */
     AlarmWatch& Alarms() noexcept { return m_alarms; }
     const AlarmWatch& Alarms() const noexcept { return m_alarms; }
@@ -119,6 +127,7 @@ private:
     Freshness StateAt(Quantity quantity, double time) const noexcept;
     void PlayLine(std::size_t index);
     void Keep(const NmeaReadings& readings, double time);
+    double Corrected(const NmeaReadings& readings, const Reading& reading) const noexcept;
     void WatchSensors(double time);
     void Report(const SensorEvent& event);
 
@@ -132,6 +141,7 @@ private:
     std::array<Watch, sensorCount> m_watches{};
     std::vector<SensorEvent> m_events;
     AlarmWatch m_alarms;
+    Mounting m_mounting;
 };
 
 } // namespace demo

@@ -1,0 +1,78 @@
+// What the keys do that no control wants.
+#include "demo/CBridge.h"
+
+#include "demo/Commands.h"
+
+namespace demo
+{
+namespace
+{
+
+/** Whether a control has the keyboard: it then has a use of its own for every key. */
+bool IsInControl()
+{
+    const HWND focus = ::GetFocus();
+    return focus && (::GetWindowLongPtrW(focus, GWL_STYLE) & static_cast<LONG_PTR>(CECtrl::keepFocus)) != 0;
+}
+
+} // namespace
+
+BOOL CBridge::PreTranslateMessage(MSG* message)
+{
+    if (message->message == WM_KEYDOWN && TakeKey(static_cast<UINT>(message->wParam)))
+        return TRUE;
+    if (message->message == WM_CHAR && TakeCharacter(static_cast<wchar_t>(message->wParam)))
+        return TRUE;
+    return CVantWnd::PreTranslateMessage(message);
+}
+
+bool CBridge::TakeKey(UINT key)
+{
+    if (key == VK_F6) {
+        GoToNextWindow();
+        return true;
+    }
+    if (key != VK_ESCAPE || IsInControl())
+        return false;
+    PostMessage(WM_CLOSE);
+    return true;
+}
+
+bool CBridge::TakeCharacter(wchar_t character)
+{
+    if (IsInControl())
+        return false;
+    const std::optional<Command> command = CommandOf(character);
+    if (command)
+        Carry(*command, m_session);
+    return command.has_value();
+}
+
+void CBridge::GoToNextWindow()
+{
+    // The bridge itself, then the set-up and the consoles.
+    std::vector<CWnd*> windows{this, &m_setup};
+    for (const auto& dock : m_docks)
+        if (&dock->Guest() != &m_setup)
+            windows.push_back(&dock->Guest());
+    const HWND focus = ::GetFocus();
+    std::size_t current = 0;
+    for (std::size_t i = 1; i < windows.size(); ++i)
+        if (focus && (focus == windows[i]->m_hWnd || ::IsChild(windows[i]->m_hWnd, focus)))
+            current = i;
+    windows[(current + 1) % windows.size()]->SetFocus();
+}
+
+void CBridge::OnActivate(UINT state, CWnd* other, BOOL minimized)
+{
+    if (state == WA_INACTIVE) {
+        m_focus = ::GetFocus();
+        CVantWnd::OnActivate(state, other, minimized);
+        return;
+    }
+    CVantWnd::OnActivate(state, other, minimized);
+    if (!minimized && m_focus && ::IsChild(m_hWnd, m_focus))
+        ::SetFocus(m_focus);
+}
+
+} // namespace demo

@@ -1,0 +1,113 @@
+// Where the parts of the bridge are.
+#include "demo/CBridge.h"
+
+#include "demo/ScreenPlace.h"
+#include "demo/detail/Layout.h"
+#include "platform/Vant.h"
+#include "windows/CCslAlm.h"
+#include "windows/CCslComms.h"
+#include "windows/CConsole.h"
+
+namespace demo
+{
+
+void CBridge::AddPanels()
+{
+    const struct {
+        const wchar_t* name;
+        void (*paint)(CPainter&, const Box&, const View&);
+    } panels[] = {
+        {L"Header", PaintHeader}, {L"Alarm line", PaintAlarms}, {L"Depth", PaintDepth},
+        {L"Track", PaintTrack},   {L"Heading", PaintHeading},   {L"Position", PaintPosition},
+        {L"Wind", PaintWind},     {L"Motion", PaintMotion},     {L"Footer", PaintFooter},
+    };
+    for (const auto& panel : panels)
+        m_panels.push_back(std::make_unique<CPanelWnd>(panel.name, m_session, m_looks, panel.paint));
+}
+
+void CBridge::AddDocks()
+{
+    const auto add = [this](const wchar_t* title, CVantWnd& guest, CDockWnd::Tell tell) {
+        m_docks.push_back(std::make_unique<CDockWnd>(title, guest, m_session, m_looks, std::move(tell)));
+    };
+    add(L"ALARMS", Vant::alarm, [this] {
+        const AlarmWatch& alarms = m_session.playback.Alarms();
+        const bool isOn = std::ranges::any_of(alarmIds, [&](AlarmId id) { return alarms.IsOn(id); });
+        return CDockWnd::Caption{L"acknowledge with a click", isOn ? Lamp::Red : Lamp::Green};
+    });
+    add(L"CONSOLE", Vant::csl, [] { return CDockWnd::Caption{L"Logs\\Console.csv", std::nullopt}; });
+    add(L"SENTENCES", Vant::comms, [this] {
+        const bool ends = m_session.playback.AtEnd();
+        return CDockWnd::Caption{L"Logs\\Comms.csv", ends              ? Lamp::Red
+                                                     : m_session.paused ? Lamp::Amber
+                                                                        : Lamp::Green};
+    });
+    add(L"SET-UP", m_setup, [] { return CDockWnd::Caption{L"", std::nullopt}; });
+}
+
+bool CBridge::OpenParts()
+{
+    m_looks.dpi = Dpi();
+    const auto open = [this](const auto& panel) { return panel->Open(*this); };
+    const auto openDock = [this](const auto& dock) { return dock->Open(*this, 0); };
+    return std::ranges::all_of(m_panels, open) && std::ranges::all_of(m_docks, openDock);
+}
+
+void CBridge::LayoutWnd(int quiet)
+{
+    CVantWnd::LayoutWnd(quiet);
+    if (!m_open)
+        return;
+    m_looks.dpi = Dpi();
+    const CRect client = ClientRc();
+    const Layout layout = Layout::Of(client.Width(), client.Height());
+    m_looks.scale = layout.scale;
+    const Box* const places[] = {&layout.header,   &layout.alarms, &layout.depth,  &layout.track, &layout.heading,
+                                 &layout.position, &layout.wind,   &layout.motion, &layout.footer};
+    const auto place = [this](CWnd& part, const Box& box) { part.MoveWindow(m_looks.dpi.ToPx(RectOf(box))); };
+    for (std::size_t i = 0; i < m_panels.size(); ++i)
+        place(*m_panels[i], *places[i]);
+    for (std::size_t i = 0; i < layout.docks.size(); ++i)
+        place(*m_docks[i], layout.docks[i]);
+    place(*m_docks.back(), layout.setup);
+}
+
+void CBridge::NotePlace()
+{
+    if (!m_open || m_finished || IsIconic() || !IsWindowVisible())
+        return;
+    m_session.settings.maximised = IsZoomed() ? 1 : 0;
+    if (IsZoomed())
+        return;
+    CRect rect;
+    GetWindowRect(&rect);
+    m_session.settings.window = BoxOf(rect);
+}
+
+void CBridge::OnMove(int x, int y)
+{
+    CVantWnd::OnMove(x, y);
+    NotePlace();
+}
+
+void CBridge::OnSize(UINT type, int cx, int cy)
+{
+    CVantWnd::OnSize(type, cx, cy);
+    NotePlace();
+}
+
+void CBridge::OnGetMinMaxInfo(MINMAXINFO* info)
+{
+    const CSize least = FrameAround(Layout::leastWidth, Layout::leastHeight, Dpi());
+    info->ptMinTrackSize = {least.cx, least.cy};
+}
+
+BOOL CBridge::OnEraseBkgnd(CDC* dc)
+{
+    CRect client;
+    GetClientRect(&client);
+    dc->FillSolidRect(&client, m_looks.palette.back); // what lies between the parts, in every size
+    return TRUE;
+}
+
+} // namespace demo

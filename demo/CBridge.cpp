@@ -1,0 +1,172 @@
+#include "demo/CBridge.h"
+
+#include "demo/AlarmTexts.h"
+#include "demo/Commands.h"
+#include "demo/ScreenPlace.h"
+#include "demo/detail/Text.h"
+#include "demo/script/BridgeActs.h"
+#include "platform/Vant.h"
+
+#include <algorithm>
+
+namespace demo
+{
+namespace
+{
+
+constexpr UINT_PTR frameTimer = 1;
+constexpr UINT frameInterval = 33;  // milliseconds
+constexpr double longestStep = 0.5; // seconds: a stopped program does not make the tape jump
+constexpr double triggerStep = 0.1; // seconds between the triggers that let the consoles draw
+
+} // namespace
+
+IMPLEMENT_DYNAMIC(CBridge, CVantWnd)
+
+BEGIN_MESSAGE_MAP(CBridge, CVantWnd)
+    ON_WM_CLOSE()
+    ON_WM_DESTROY()
+    ON_WM_ENDSESSION()
+    ON_WM_TIMER()
+    ON_WM_ERASEBKGND()
+    ON_WM_MOVE()
+    ON_WM_SIZE()
+    ON_WM_GETMINMAXINFO()
+    ON_WM_ACTIVATE()
+END_MESSAGE_MAP()
+
+CBridge::CBridge(Session& session)
+    : m_session(session)
+    , m_looks{Palette::FromScheme()}
+    , m_setup(session)
+{
+    CVantWnd::name = L"Bridge";
+    AddPanels();
+    AddDocks();
+}
+
+CBridge::~CBridge() = default;
+
+bool CBridge::Open()
+{
+    const Box& saved = m_session.settings.window;
+    const bool isSaved = saved.Width() > 0 && saved.Height() > 0;
+    const Box place = isSaved ? PlaceAgain(saved) : FirstPlace();
+    if (!CreateEx(0, Vant::wndClass, Vant::appTitle, mainStyle, RectOf(place), nullptr, 0) || !OpenParts())
+        return false;
+    LoadWindows(Vant::setFile);
+    for (const auto& dock : m_docks) {
+        dock->Guest().UpdCtrls();
+        dock->Guest().LayoutWnd(1);
+    }
+    s_infoRx.AddTail(this);
+    m_open = true;
+    LayoutWnd(1);
+    NotePlace();
+    ShowWindow(m_session.settings.maximised ? SW_SHOWMAXIMIZED : SW_SHOWNORMAL);
+    UpdateWindow();
+    SetFocus();
+    if (m_session.scripted)
+        m_script = std::make_unique<CScript>(m_session, m_hands, BridgeActs(m_session, *this, m_setup, m_hands));
+    m_last = Clock::now();
+    SetTimer(frameTimer, frameInterval);
+    return true;
+}
+
+void CBridge::OnClose()
+{
+    Finish();
+    CVantWnd::OnClose();
+}
+
+void CBridge::OnDestroy()
+{
+    KillTimer(frameTimer);
+    if (m_open)
+        s_infoRx.RemoveAt(s_infoRx.Find(this));
+    CVantWnd::OnDestroy();
+}
+
+void CBridge::OnEndSession(BOOL ending)
+{
+    // The process may be gone as soon as this returns.
+    if (ending)
+        m_session.settings.Save(Vant::setFile);
+    CVantWnd::OnEndSession(ending);
+}
+
+void CBridge::OnTimer(UINT_PTR id)
+{
+    if (id != frameTimer) {
+        CVantWnd::OnTimer(id);
+        return;
+    }
+    const Clock::time_point now = Clock::now();
+    Tick(std::chrono::duration<double>(now - m_last).count());
+    m_last = now;
+}
+
+void CBridge::Tick(double step)
+{
+    m_elapsed += step;
+    if (!m_session.paused)
+        m_session.playback.Advance(std::min(step, longestStep) * m_session.rate);
+    m_feed.Feed(m_session.tape, m_session.playback);
+    ReportEvents();
+    m_session.values.Take(m_session.playback);
+    Poll(m_elapsed);
+    ++m_session.frames;
+    CECtrl::UpdateAuCtrls(m_elapsed);
+    if (m_elapsed >= m_nextTrigger) {
+        Trigger(m_elapsed, m_session.playback.Time());
+        m_nextTrigger = m_elapsed + triggerStep;
+    }
+
+    const bool scriptDone = !m_script || m_script->Step(m_elapsed);
+    if (scriptDone && m_session.seconds > 0.0 && m_elapsed >= m_session.seconds) {
+        KillTimer(frameTimer);
+        PostMessage(WM_CLOSE);
+    }
+}
+
+void CBridge::OnInfoMsg(int msg, void*)
+{
+    if (msg == sessionInfo)
+        m_atEnd = m_atEnd && m_session.playback.AtEnd();
+}
+
+void CBridge::ReportEvents()
+{
+    for (const SensorEvent& event : m_session.playback.TakeEvents())
+        m_session.log.Event(event);
+    AlarmWatch& alarms = m_session.playback.Alarms();
+    for (const AlarmEvent& event : alarms.TakeEvents()) {
+        const std::wstring text = RaiseAlarm(event, alarms.ShallowLimit());
+        m_session.log.Alarm(event, text);
+        m_session.alarms += event.begins ? 1 : 0;
+        if (event.begins && event.id == AlarmId::ShallowWater && !m_warned) {
+            m_warned = true;
+            Vant::MsgBox(Vant::msgWarnIcon, L"Shallow water\n%s\nThis message closes itself.",
+                         ShallowText(event.value, alarms.ShallowLimit()).c_str());
+        }
+    }
+    if (m_session.playback.AtEnd() && !m_atEnd) {
+        m_atEnd = true;
+        m_session.log.Line(L"end of the log at " + DurationText(m_session.tape.Duration()));
+    }
+}
+
+void CBridge::Finish()
+{
+    if (m_finished)
+        return;
+    NotePlace();
+    m_finished = true;
+    Vant::vantClosing = 1;
+    KillTimer(frameTimer);
+    if (IsIconic())
+        ShowWindow(SW_SHOWNOACTIVATE);
+    m_session.pictureSaved = SavePicture(m_session, L"demo.png");
+}
+
+} // namespace demo

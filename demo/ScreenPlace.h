@@ -1,0 +1,26 @@
+#pragma once
+
+#include "controls/CDpi.h"
+#include "demo/detail/Geometry.h"
+
+#include <afxwin.h>
+
+namespace demo
+{
+
+/** Style of the main window. */
+inline constexpr DWORD mainStyle = WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN;
+
+/** The size of the main window around a client area, in pixels. @param width, height  in units */
+CSize FrameAround(int width, int height, CDpi dpi) noexcept;
+
+/** Where a window that was never open goes: the middle of the main screen. */
+Box FirstPlace() noexcept;
+
+/** Where a window goes that was last open at `saved`: there, as far as the monitors of today allow it. */
+Box PlaceAgain(const Box& saved);
+
+Box BoxOf(const RECT& rect) noexcept;
+CRect RectOf(const Box& box) noexcept;
+
+} // namespace demo

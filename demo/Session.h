@@ -1,0 +1,47 @@
+#pragma once
+
+#include "demo/CRunLog.h"
+#include "demo/DemoSettings.h"
+#include "demo/Panels.h"
+#include "demo/ShownValues.h"
+#include "demo/detail/Playback.h"
+#include "demo/detail/Tape.h"
+
+#include <afxwin.h>
+
+#include <cstddef>
+#include <string>
+
+namespace demo
+{
+
+/** What a run is made of. Everything outlives the windows, whose controls are bound to it. */
+struct Session {
+    const Tape& tape;
+    Playback& playback;
+    DemoSettings& settings;
+    CRunLog& log;
+    std::wstring source;   ///< name of the log, as it is shown
+    double seconds = 0.0;  ///< how long the window stays open; 0 until it is closed
+    double rate = 1.0;     ///< seconds of the tape in a second
+    bool scripted = false; ///< the program tries its own controls
+    CString outDir;        ///< where pictures go, with a backslash at the end
+
+    ShownValues values{};
+    int paused = 0;
+    std::size_t alarms = 0; ///< how many have begun
+    std::size_t frames = 0;
+    std::size_t failures = 0; ///< steps of the script that failed
+    bool pictureSaved = false;
+
+    /** What the panels show now. */
+    View Shown() const;
+
+    /** Lets the settings act: on the unit system, the alarms, the sounder and the sounds. */
+    void Apply();
+};
+
+/** Information message: the session or its settings have changed. Its data is the session. */
+inline constexpr int sessionInfo = 7001;
+
+} // namespace demo

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <afxwin.h>
+
+#include <deque>
+#include <string_view>
+#include <variant>
+
+namespace demo
+{
+
+/** A user's hands: posts the messages of mouse and keyboard to the windows of this program, one at a time, so
+ * that they take the way of real ones. A click goes to whatever window is at the place, a key to whatever has
+ * the keyboard when its turn comes. */
+class CInput
+{
+public:
+    /** @param main  the window in which everything is */
+    explicit CInput(CWnd& main)
+        : m_main(main)
+    {
+    }
+
+    /** Clicks a point of a window, in pixels of its client area. While another window covers it, the hands
+     * wait. */
+    void Click(CWnd& wnd, CPoint point) { m_queue.push_back(Press{&wnd, point}); }
+    /** Clicks the middle of a window. */
+    void Click(CWnd& wnd);
+    /** Presses and releases a key that is no character. */
+    void Key(UINT key, int times = 1);
+    /** Types characters. */
+    void Type(std::wstring_view text);
+
+    /** Does the next thing. @return false when there is nothing left to do */
+    bool Move();
+    /** Forgets what is left to do. */
+    void Drop() { m_queue.clear(); }
+
+private:
+    struct Press {
+        CWnd* wnd;
+        CPoint point;
+    };
+    struct Stroke {
+        UINT key;
+    };
+    using Action = std::variant<Press, Stroke, wchar_t>;
+
+    bool Do(const Press& press) const;
+    static bool Do(const Stroke& stroke);
+    static bool Do(wchar_t character);
+
+    CWnd& m_main;
+    std::deque<Action> m_queue;
+};
+
+} // namespace demo
