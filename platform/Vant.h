@@ -4,7 +4,12 @@
 
 #include <afxwin.h>
 
+class CCslAlm;
+class CCslComms;
+class CConsole;
+class CEMsgBox;
 class CESetObj;
+class CEToolTip;
 
 /** Everything that the applications share: the colour scheme, the fonts, pens and brushes drawn in it, the
  * skins that the controls copy from, directories and file names, run-state flags, the loggers and a few
@@ -139,6 +144,19 @@ public:
     static CDC process;     ///< bitmap 16020
     ///@}
 
+    /** @name Consoles, message box and tool tip
+     *  They exist as long as the library is loaded, and the loggers write into the consoles from the first
+     * message on. Init() creates the tool tip's window; those of the consoles are the application's to
+     * create. Their classes are declared in windows/. */
+    ///@{
+    static CConsole csl;      ///< lines of Console()
+    static CCslComms comms;   ///< lines of Comms()
+    static CConsole status;   ///< status lines by id, of Status()
+    static CCslAlm alarm;     ///< alarms by id, of Alarm()
+    static CEMsgBox msgBox;   ///< the non-modal box of MsgBox()
+    static CEToolTip toolTip; ///< shows the tip of the control under the mouse
+    ///@}
+
     /** @name Start and stop */
     ///@{
     /** Creates the fonts, pens and brushes, registers the two window classes, creates the tool tip, prepares
@@ -230,12 +248,13 @@ public:
     /** Adds a line to the console of the communications traffic. */
     static void Comms(int level, CString fmt, ...);
 
-    /** Sets the status line `id`. */
+    /** Sets the status line `id`. Level -1 takes it away. */
     static void Status(unsigned long id, int level, CString fmt, ...);
 
     /** Sets the alarm `id`. Level 1 is heard (sound 3), and level 3 when the alarm is in state 1. At every
      * level from 0 up all platform windows then get the information message #alarmInfo with the alarm's
-     * entry, on the caller's thread. A negative level is recorded silently. */
+     * entry, on the caller's thread. A negative level is recorded silently, -1 too: the console then shows the
+     * alarm as over. */
     static void Alarm(unsigned long id, int level, CString fmt, ...);
     ///@}
 
