@@ -17,6 +17,9 @@ class CVantWnd;
  * drawn by Draw(), into a bitmap first so that it does not flicker. Whether it is enabled and shown follows
  * from #state and the value's enable condition at every Update(), and is kept nowhere else.
  *
+ *  The value's `tip` is the control's tool tip and its `aux3` the topic of its context help
+ * (Vant::SpawnHelp()).
+ *
  *  A derived control that the keyboard can operate is created with WS_TABSTOP and #keepFocus. Everything here
  *  belongs to the UI thread. */
 class VANT_API CECtrl : public CWnd, public CEVal
@@ -56,6 +59,7 @@ public:
     CECtrl(const CECtrl&) = delete;
     CECtrl& operator=(const CECtrl&) = delete;
     ~CECtrl() override;
+    using CEVal::operator=; ///< writes the bound variable: `*ctrl = 12.5`
 
     /** @name Fields @{ */
     int ctrlType = 0; ///< code of the class, see TypeCode; 0 for a class without one
@@ -66,7 +70,7 @@ public:
     int dblBuf = 1;   ///< non-zero: draw into a bitmap, then copy that to the screen
     CDC dcNorm;       ///< the skin, once LoadBitmapW() has loaded one
     CDC dcGrey;       ///< its greyed twin
-    int ownDC = 0;    ///< non-zero once dcNorm and dcGrey are this control's
+    int ownDC = 0;    ///< non-zero: dcNorm and dcGrey are this control's; 0: what is attached is not deleted
     int bmW = 0;      ///< width of the skin, pixels
     int bmH = 0;      ///< height of the skin, pixels
     int look = 0;     ///< LookBits
@@ -92,12 +96,13 @@ public:
     /** @} */
 
     /** Calls AutoUpdate() of every control in #s_auCtrls, in order. A control may take itself, or any other
-     * but the next one, off the list meanwhile. @param t  application time, seconds */
+     * but the next one, off the list meanwhile, and may be deleted. @param t  application time, seconds */
     static void UpdateAuCtrls(double t);
 
     /** @name Operations of every control, in this order @{ */
     /** Enables or disables, shows or hides, and redraws; nothing before the window exists. The argument
-     * matters to derived controls only. */
+     * matters to derived controls only. Hidden and shown go by the control's own window, whether its parent
+     * is to be seen or not. A focus that it can no longer have goes to the parent. */
     virtual void Update(int arg);
     /** Reads the window's text into the bound variable if it is valid. Otherwise the variable stays and alarm
      * 30 is raised at level 1: "Unable to get value err=<reason>". Nothing before the window exists. */
@@ -108,12 +113,17 @@ public:
     virtual void Draw(CDC* dc) = 0;
     /** Called regularly for the controls in #s_auCtrls; does nothing here. @param t  seconds */
     virtual void AutoUpdate(double t);
-    /** Creates the control's window. @param style  window style bits; WS_CHILD is added
-     *  @param r  place in the parent, pixels  @return 1, or 0 if the system refuses */
-    virtual int Create(unsigned long style, const RECT& r, CWnd* parent, unsigned int id);
+    /** Creates the control's window. @param wndStyle  window style bits, such as WndStyle(); WS_CHILD is
+     * added @param r  place in the parent, pixels  @param childId  becomes #id  @return 1, or 0 if the system
+     * refuses, as it does before Vant::Init() */
+    virtual int Create(unsigned long wndStyle, const RECT& r, CWnd* parent, unsigned int childId);
+    /** The style bits with which a category creates the window: here WS_VISIBLE and WS_DISABLED, which follow
+     * from #state and the enable condition. Controls for the keyboard add WS_TABSTOP and #keepFocus. */
+    virtual unsigned long WndStyle() const;
     /** @} */
 
-    /** Blends the glow image, stretched, over `r` (units). @param alpha  0 to 255 */
+    /** Blends the glow image, stretched, over `r` (units); nothing before it is loaded. @param alpha  0 to
+     * 255, lower byte */
     void Glow(CDC* dc, CRect& r, int alpha);
 
     /** Loads a bitmap of the library, or else of the program, as the skin and makes its greyed twin: only a
@@ -126,16 +136,25 @@ public:
 
     /** The scale of the control's window. */
     CDpi Dpi() const { return CDpi::Of(m_hWnd); }
-    /** The client rectangle in units. */
+    /** The client rectangle in units; before the window exists, one of the size of #rc. */
     CRect ClientRc() const;
+    /** Colour of what the control stands on. */
+    COLORREF BackCol() const;
 
 protected:
+    /** Fills the client rectangle with the colour of what the control stands on. */
+    void DrawBack(CDC* dc) const;
+
     afx_msg void OnPaint();
     afx_msg BOOL OnEraseBkgnd(CDC* dc);
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
     DECLARE_MESSAGE_MAP()
 
 private:
+    void ReleaseSkin();
+    void ShowHover(bool over);
+    void PassFocusOn();
+
     CBitmap m_bmNorm;
     CBitmap m_bmGrey;
 };

@@ -1,0 +1,71 @@
+#include "controls/CEBtn.h"
+
+#include "controls/detail/CtrlText.h"
+#include "controls/detail/MaskBits.h"
+#include "controls/detail/SkinPiece.h"
+#include "platform/Vant.h"
+
+using vant::skins::Look;
+
+IMPLEMENT_DYNAMIC(CEBtn, CECtrl)
+
+CEBtn::CEBtn()
+{
+    ctrlType = typeBtn;
+    s_auCtrls.AddTail(this);
+}
+
+bool CEBtn::IsLatched() const
+{
+    return vant::detail::Bits(*this) != vant::detail::MaskState::None;
+}
+
+unsigned long CEBtn::WndStyle() const
+{
+    return ClickCtrl::WndStyle() | WS_TABSTOP | keepFocus;
+}
+
+int CEBtn::ShownState() const
+{
+    return IsLatched() ? 1 : 0;
+}
+
+CString CEBtn::Caption() const
+{
+    return vant::detail::IsInteger(*this) ? text : GetText(1);
+}
+
+void CEBtn::OnClick()
+{
+    vant::detail::ToggleBits(*this);
+    Invalidate(FALSE);
+    const HWND self = m_hWnd;
+    const int notified = id;
+    Execute();
+    // A callback may have deleted the button, and every part of it.
+    if (notified && ::IsWindow(self))
+        ::SendMessageW(::GetAncestor(self, GA_PARENT), WM_COMMAND,
+                       MAKEWPARAM(static_cast<WORD>(notified), BN_CLICKED), reinterpret_cast<LPARAM>(self));
+}
+
+void CEBtn::Draw(CDC* dc)
+{
+    CRect r = ClientRc();
+    const Look drawn = DrawnLook();
+    const bool latched = IsLatched();
+    DrawBack(dc);
+    style.Set(dc);
+    const vant::skins::Region& face = latched ? vant::skins::grad1::latched : vant::skins::grad1::face;
+    if (!vant::detail::DrawPiece(*dc, r, Vant::grad1, face, drawn, BackCol()))
+        CEStyle::Brdr2(dc, r);
+    if (drawn == Look::Disabled)
+        dc->SetTextColor(vant::detail::disabledText);
+    else if (latched || (look & (lookHover | lookPressed)))
+        dc->SetTextColor(vant::detail::litText);
+    constexpr int frameAndGap = 4;
+    r.DeflateRect(frameAndGap, 0);
+    if (drawn == Look::Pressed)
+        r.OffsetRect(0, 1);
+    vant::detail::DrawLine(*dc, Caption(), r, DT_CENTER);
+    NoteShown();
+}

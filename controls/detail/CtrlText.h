@@ -1,0 +1,21 @@
+#pragma once
+
+#include "core/VantApi.h"
+
+#include <afxwin.h>
+
+namespace vant::detail
+{
+
+/** Text of a control that is disabled: readable on its skins' disabled looks (4.7 : 1), and greyer than any
+ * other. */
+inline constexpr COLORREF disabledText = RGB(160, 160, 160);
+
+/** Text on a face that is lit: the light grey of the styles is too faint there. */
+inline constexpr COLORREF litText = RGB(255, 255, 255);
+
+/** Draws one line of text, centred in the height of `r`, with an ellipsis at its end if it is too long.
+ *  Ampersands are what they are. @param align  DT_LEFT, DT_CENTER or DT_RIGHT */
+VANT_API void DrawLine(CDC& dc, const CString& text, CRect r, UINT align);
+
+} // namespace vant::detail
