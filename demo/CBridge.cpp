@@ -4,7 +4,7 @@
 #include "demo/Commands.h"
 #include "demo/ScreenPlace.h"
 #include "demo/detail/Text.h"
-#include "demo/script/BridgeActs.h"
+#include "demo/script/Acts.h"
 #include "platform/Vant.h"
 
 #include <algorithm>
@@ -67,7 +67,7 @@ bool CBridge::Open()
     UpdateWindow();
     SetFocus();
     if (m_session.scripted)
-        m_script = std::make_unique<CScript>(m_session, m_hands, BridgeActs(m_session, *this, m_setup, m_hands));
+        m_script = std::make_unique<CScript>(Stage{m_session, *this, m_setup, m_hands}, AllActs());
     m_last = Clock::now();
     SetTimer(frameTimer, frameInterval);
     return true;
@@ -166,7 +166,7 @@ void CBridge::Finish()
     KillTimer(frameTimer);
     if (IsIconic())
         ShowWindow(SW_SHOWNOACTIVATE);
-    m_session.pictureSaved = SavePicture(m_session, L"demo.png");
+    m_session.pictureSaved = SavePicture(m_session, pictureName);
 }
 
 } // namespace demo

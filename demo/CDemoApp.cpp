@@ -1,11 +1,11 @@
 #include "demo/CDemoApp.h"
 
-#include "demo/CMainWnd.h"
 #include "demo/Terminal.h"
 #include "demo/detail/Text.h"
 #include "platform/Vant.h"
 #include "resources/Ids.h"
-#include "values/EUnits.h"
+#include "windows/CCslAlm.h"
+#include "windows/CCslComms.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -24,6 +24,8 @@ namespace fs = std::filesystem;
 
 constexpr int exitFailed = 1; // something could not be written
 constexpr int exitUsage = 2;  // an argument or the log is no good
+constexpr int exitScript = 3; // the program did not do what its script expects
+constexpr int keptLines = 500; // of each console
 constexpr const wchar_t* logName = L"survey.nmea";
 
 CDemoApp theApp;
@@ -83,6 +85,7 @@ int CDemoApp::ExitInstance()
         SaveSettings();
         Summarise();
     }
+    m_bridge.reset();
     if (m_started)
         Vant::Exit();
     CBaseApp::ExitInstance();
@@ -144,8 +147,9 @@ bool CDemoApp::PrepareOutput()
     if (!error)
         fs::create_directories(out, error);
     m_outDir = (out / L"").make_preferred().wstring();
-    if (!fs::is_directory(out, error) || !m_log.Open((m_outDir + L"demo.log").c_str()) ||
-        !m_alarms.Open(m_outDir)) {
+    if (!error)
+        fs::create_directories(out / L"Logs", error);
+    if (error || !m_log.Open((m_outDir + L"demo.log").c_str())) {
         Complain(L"cannot write to the directory " + Quoted(m_options.out));
         m_exitCode = exitUsage;
         return false;
@@ -163,10 +167,12 @@ void CDemoApp::StartLibrary()
     Vant::inReplay = 1;
     Vant::Init();
     m_started = true;
+    for (CConsole* const console : std::initializer_list<CConsole*>{&Vant::csl, &Vant::comms, &Vant::alarm}) {
+        console->maxEntries = keptLines;
+        console->logTo = 1;
+    }
 
     const bool known = m_settings.Load(Vant::setFile);
-    EUnits::system = m_settings.units;
-    m_playback->Alarms().SetShallowLimit(m_settings.shallowLimit);
     ++m_settings.runs;
     m_log.Line(L"VantCore " + std::wstring(static_cast<LPCWSTR>(Vant::swVer)) + L", run " +
                std::to_wstring(m_settings.runs) + (known ? L", settings loaded" : L", no settings yet"));
@@ -177,15 +183,16 @@ void CDemoApp::StartLibrary()
 
 bool CDemoApp::OpenWindow()
 {
-    m_session = std::make_unique<Session>(Session{*m_tape, *m_playback, m_settings, m_log, m_alarms,
+    m_session = std::make_unique<Session>(Session{*m_tape, *m_playback, m_settings, m_log,
                                                   fs::path(m_logPath).filename().wstring(), m_options.seconds,
-                                                  m_options.rate, (m_outDir + L"demo.png").c_str(),
-                                                  (m_outDir + L"picture-").c_str()});
-    CMainWnd* const wnd = new CMainWnd(*m_session); // frees itself with its window
-    m_pMainWnd = wnd;
-    if (wnd->Open())
+                                                  m_options.rate, m_options.script, m_outDir.c_str()});
+    m_session->Apply();
+    m_bridge = std::make_unique<CBridge>(*m_session);
+    m_pMainWnd = m_bridge.get();
+    if (m_bridge->Open())
         return true;
     m_pMainWnd = nullptr;
+    m_bridge.reset();
     m_session.reset();
     Complain(L"cannot open a window");
     m_exitCode = exitFailed;
@@ -199,18 +206,22 @@ void CDemoApp::SaveSettings()
         m_exitCode = exitFailed;
     }
     if (!m_session->pictureSaved) {
-        Complain(L"cannot save the picture to " +
-                 Quoted(std::wstring(static_cast<LPCWSTR>(m_session->picture))));
+        Complain(L"cannot save the picture to " + Quoted(m_outDir + pictureName));
         m_exitCode = exitFailed;
     }
     const LineCounts& counts = m_playback->Counts();
+    const std::size_t alarms = m_session->alarms;
     m_log.Line(L"end: " + Counted(counts.read, L"sentences read, ") +
                Counted(counts.rejected, L"rejected, ") +
-               Counted(m_alarms.Count(), m_alarms.Count() == 1 ? L"alarm, " : L"alarms, ") +
+               Counted(alarms, alarms == 1 ? L"alarm, " : L"alarms, ") +
                Counted(m_session->frames, L"frames drawn"));
-    if (!m_log.IsGood() || !m_alarms.IsGood()) {
-        Complain(L"cannot write to " + Quoted(m_log.IsGood() ? m_alarms.Path() : m_outDir + L"demo.log"));
+    if (!m_log.IsGood()) {
+        Complain(L"cannot write to " + Quoted(m_outDir + L"demo.log"));
         m_exitCode = exitFailed;
+    }
+    if (m_session->failures > 0) {
+        Complain(Counted(m_session->failures, L"of the script's steps failed"));
+        m_exitCode = exitScript;
     }
 }
 
@@ -221,12 +232,12 @@ void CDemoApp::Summarise() const
         L" of " + DurationText(m_tape->Duration()) + L" played");
     Say(L"sentences: " + Counted(counts.read, L"read, ") + Counted(counts.accepted, L"used, ") +
         Counted(counts.ignored, L"of other types, ") + Counted(counts.rejected, L"rejected"));
-    Say(L"alarms:    " + Counted(m_alarms.Count(), L"raised, ") + Counted(CountOn(*m_playback), L"still on"));
+    Say(L"alarms:    " + Counted(m_session->alarms, L"raised, ") + Counted(CountOn(*m_playback), L"still on"));
     Say(L"frames:    " + Counted(m_session->frames, L"drawn"));
-    Say(L"picture:   " + std::wstring(static_cast<LPCWSTR>(m_session->picture)));
+    Say(L"picture:   " + m_outDir + pictureName);
     Say(L"settings:  " + std::wstring(static_cast<LPCWSTR>(Vant::setFile)));
     Say(L"run log:   " + m_outDir + L"demo.log");
-    Say(L"alarm log: " + m_alarms.Path());
+    Say(L"other logs: " + m_outDir + L"Logs");
 }
 
 } // namespace demo

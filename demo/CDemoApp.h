@@ -1,6 +1,6 @@
 #pragma once
 
-#include "demo/CAlarmLog.h"
+#include "demo/CBridge.h"
 #include "demo/CRunLog.h"
 #include "demo/DemoSettings.h"
 #include "demo/detail/Options.h"
@@ -17,9 +17,7 @@
 namespace demo
 {
 
-struct Session;
-
-/** The application: reads the command line and the log, starts the library, opens the window, and at the end
+/** The application: reads the command line and the log, starts the library, opens the bridge, and at the end
  * saves the settings and says what was done. */
 class CDemoApp : public CBaseApp
 {
@@ -44,10 +42,10 @@ private:
     std::wstring m_outDir; // absolute, with a backslash at the end
     std::unique_ptr<Tape> m_tape;
     std::unique_ptr<Playback> m_playback;
-    std::unique_ptr<Session> m_session;
     DemoSettings m_settings;
     CRunLog m_log;
-    CAlarmLog m_alarms;
+    std::unique_ptr<Session> m_session;
+    std::unique_ptr<CBridge> m_bridge;
     bool m_started = false; // the library was
     int m_exitCode = 0;
 };

@@ -16,6 +16,9 @@ class CSetupWnd : public CVantWnd
     DECLARE_DYNAMIC(CSetupWnd)
 
 public:
+    /** Identifiers of controls that are bound to no variable of their own. */
+    enum ChildId : int { idAddress = 100, idDial = 110, idSlower = 120, idFaster, idRestart, idPicture };
+
     explicit CSetupWnd(Session& session);
 
     void SetupCtrls() override;

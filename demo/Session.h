@@ -41,6 +41,9 @@ struct Session {
     void Apply();
 };
 
+/** Name of the picture that is left at the end. */
+inline constexpr const wchar_t* pictureName = L"demo.png";
+
 /** Information message: the session or its settings have changed. Its data is the session. */
 inline constexpr int sessionInfo = 7001;
 

@@ -25,8 +25,6 @@ constexpr double degreesPerRadian = 1.0 / degree;
 constexpr double fullTurn = 360.0; // degrees
 constexpr double upright = 90.0;
 
-enum ChildId : int { idAddress = 100, idDial = 110, idSlower = 120, idFaster, idRestart, idPicture };
-
 } // namespace
 
 CCtrlCat& CSetupWnd::Category(const wchar_t* title)

@@ -40,6 +40,14 @@ void CInput::Key(UINT key, int times)
         m_queue.push_back(Stroke{key});
 }
 
+void CInput::Empty(CWnd& field)
+{
+    constexpr int longestText = 8; // of the fields that a script empties
+    Click(field);
+    Key(VK_END);
+    Key(VK_BACK, longestText);
+}
+
 void CInput::Type(std::wstring_view text)
 {
     for (const wchar_t c : text)

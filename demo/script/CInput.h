@@ -28,6 +28,8 @@ public:
     void Click(CWnd& wnd);
     /** Presses and releases a key that is no character. */
     void Key(UINT key, int times = 1);
+    /** Clicks a field and takes out what is in it. */
+    void Empty(CWnd& field);
     /** Types characters. */
     void Type(std::wstring_view text);
 

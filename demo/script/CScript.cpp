@@ -6,9 +6,8 @@
 namespace demo
 {
 
-CScript::CScript(Session& session, CInput& hands, std::vector<Act> acts)
-    : m_session(session)
-    , m_hands(hands)
+CScript::CScript(const Stage& stage, std::vector<Act> acts)
+    : m_stage(stage)
     , m_acts(std::move(acts))
 {
 }
@@ -21,15 +20,13 @@ bool CScript::Step(double t)
     if (!m_begun) {
         m_begun = true;
         m_start = t;
-        if (act.begin)
-            act.begin();
+        act.begin(m_stage);
     }
-    const bool late = t - m_start > act.patience;
-    const bool busy = m_hands.Move();
-    const bool passed = !busy && act.holds();
-    if (!passed && !late)
+    const bool busy = m_stage.hands.Move();
+    const bool passed = !busy && act.holds(m_stage);
+    if (!passed && t - m_start < patience)
         return false;
-    m_hands.Drop();
+    m_stage.hands.Drop();
     Report(act, passed);
     ++m_current;
     m_begun = false;
@@ -38,12 +35,12 @@ bool CScript::Step(double t)
 
 void CScript::Report(const Act& act, bool passed)
 {
-    const std::wstring line = L"script: " + act.name + (passed ? L" ... ok" : L" ... FAILED");
+    const std::wstring line = std::wstring(L"script: ") + act.name + (passed ? L" ... ok" : L" ... FAILED");
     Say(line);
-    m_session.log.Line(line);
-    m_session.failures += passed ? 0 : 1;
-    if (*act.picture)
-        SavePicture(m_session, act.picture);
+    m_stage.session.log.Line(line);
+    m_stage.session.failures += passed ? 0 : 1;
+    if (act.picture)
+        SavePicture(m_stage.session, act.picture);
 }
 
 } // namespace demo

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "demo/script/CScript.h"
+
+#include <vector>
+
+namespace demo
+{
+
+/** @name What the program tries with itself: each kind of control, with the mouse and the keys
+ *  To be played in this order. What they set stays set, but for what would look odd in the next run. @{ */
+std::vector<Act> FieldActs();   ///< edit fields: storing, refusing, Escape, Tab
+std::vector<Act> AlarmActs();   ///< the alarm, its message and its acknowledgement
+std::vector<Act> ControlActs(); ///< categories, checks, the dial, the address, keys and buttons
+std::vector<Act> AllActs();
+/** @} */
+
+} // namespace demo

@@ -1,0 +1,141 @@
+#include "controls/CEAddr.h"
+#include "controls/CERadius.h"
+#include "demo/script/Acts.h"
+#include "demo/script/Find.h"
+#include "platform/Vant.h"
+#include "values/EUnits.h"
+#include "windows/CEMsgBox.h"
+
+#include <cmath>
+
+namespace demo
+{
+namespace
+{
+
+constexpr const wchar_t* sensorCategory = L"Sensor";
+constexpr unsigned long newAddress = 10 | 20UL << 8 | 0UL << 16 | 42UL << 24;
+
+CERadius& TheDial()
+{
+    return static_cast<CERadius&>(OfType(CECtrl::typeRadius));
+}
+
+CWnd& Panel(const wchar_t* name)
+{
+    return *CVantWnd::GetWnd(name);
+}
+
+bool IsBeamAt(const Stage& stage, double bearing, double slope)
+{
+    const auto near = [](double radians, double degrees) { return std::abs(radians / degree - degrees) < 1e-3; };
+    const Mounting& mounting = stage.session.playback.Mounted();
+    return near(mounting.bearing, bearing) && near(mounting.slope, slope) && near(TheDial().brg, bearing) &&
+           near(TheDial().slope, slope);
+}
+
+void TypeAngle(Stage& stage, double& angle, std::wstring_view degrees)
+{
+    stage.hands.Empty(BoundTo(&angle));
+    stage.hands.Type(degrees);
+    stage.hands.Key(VK_RETURN);
+}
+
+const Act acts[] = {
+    {L"a click on its header closes a category",
+     [](Stage& s) { s.hands.Click(BoundTo(&CategoryOf(s.setup, sensorCategory).expanded)); },
+     [](const Stage& s) {
+         return !CategoryOf(s.setup, sensorCategory).expanded && !IsSeen(BoundTo(&s.session.settings.port));
+     },
+     L"step-category.png"},
+
+    {L"the space bar opens it again", [](Stage& s) { s.hands.Key(VK_SPACE); },
+     [](const Stage& s) {
+         return CategoryOf(s.setup, sensorCategory).expanded && IsSeen(BoundTo(&s.session.settings.port));
+     }},
+
+    {L"a check changes all units to feet",
+     [](Stage& s) { s.hands.Click(BoundTo(&s.session.settings.units)); },
+     [](const Stage& s) {
+         return EUnits::system == 1 && WindowText(BoundTo(&s.session.settings.shallowLimit)) == L"50.9";
+     },
+     L"step-units.png"},
+
+    {L"a click on an instrument takes the keyboard, and U changes back to metres",
+     [](Stage& s) {
+         s.hands.Click(Panel(L"Track"));
+         s.hands.Type(L"u");
+     },
+     [](const Stage& s) {
+         return EUnits::system == 0 && WindowText(BoundTo(&s.session.settings.shallowLimit)) == L"15.5";
+     }},
+
+    {L"the dial follows its fields",
+     [](Stage& s) {
+         TypeAngle(s, s.session.settings.mounting.bearing, L"30");
+         TypeAngle(s, s.session.settings.mounting.slope, L"80");
+     },
+     [](const Stage& s) { return IsBeamAt(s, 30.0, 80.0); }},
+
+    {L"the arrow keys turn the dial, and the fields follow it",
+     [](Stage& s) {
+         s.hands.Click(TheDial(), {4, 4});
+         s.hands.Key(VK_RIGHT, 3);
+         s.hands.Key(VK_DOWN, 2);
+     },
+     [](const Stage& s) {
+         const Mounting& mounting = s.session.settings.mounting;
+         return IsBeamAt(s, 45.0, 70.0) && WindowText(BoundTo(&mounting.bearing)) == L"45" &&
+                WindowText(BoundTo(&mounting.slope)) == L"70";
+     },
+     L"step-dial.png"},
+
+    {L"an address is typed with its points",
+     [](Stage& s) {
+         CEAddr& address = static_cast<CEAddr&>(BoundTo(&s.session.settings.address));
+         s.hands.Empty(address.edits[0]);
+         s.hands.Type(L"10.20.0.42");
+         s.hands.Key(VK_RETURN);
+     },
+     [](const Stage& s) { return s.session.settings.address == newAddress; }},
+
+    {L"a button changes the speed",
+     [](Stage& s) {
+         s.before = static_cast<int>(s.session.rate);
+         s.hands.Click(*s.setup.GetDlgItem(CSetupWnd::idFaster));
+     },
+     [](const Stage& s) { return s.session.rate > s.before; }},
+
+    {L"another one changes it back",
+     [](Stage& s) {
+         s.before = static_cast<int>(s.session.rate);
+         s.hands.Click(*s.setup.GetDlgItem(CSetupWnd::idSlower));
+     },
+     [](const Stage& s) { return s.session.rate < s.before; }},
+
+    {L"the check lets the log go on",
+     [](Stage& s) {
+         s.before = s.session.paused;
+         s.hands.Click(BoundTo(&s.session.paused));
+     },
+     [](const Stage& s) { return s.before && !s.session.paused; }},
+
+    {L"the message has closed itself", [](Stage&) {},
+     [](const Stage&) { return Vant::msgBox.m_hWnd && !IsSeen(Vant::msgBox); }},
+
+    {L"F6 leads through the windows and back",
+     [](Stage& s) {
+         s.hands.Click(Panel(L"Heading"));
+         s.hands.Key(VK_F6, 5);
+     },
+     [](const Stage& s) { return HasFocus(s.bridge); }},
+};
+
+} // namespace
+
+std::vector<Act> ControlActs()
+{
+    return {std::begin(acts), std::end(acts)};
+}
+
+} // namespace demo
