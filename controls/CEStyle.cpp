@@ -25,7 +25,6 @@ void Outline(CDC& dc, int left, int top, int right, int bottom)
 } // namespace
 
 constinit CLstMgd<CEStyle> CEStyle::s_styles;
-CEStyle CEStyle::s_default;
 
 CEStyle::CEStyle()
     : name(L"Default")

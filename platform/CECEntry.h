@@ -3,8 +3,9 @@
 #include <afx.h>
 
 /** One entry of a console: what one call of a logger left behind. Receivers of the alarm broadcast get a
- *  pointer to one. It belongs to the console, which guards its fields with a lock of its own; copy what is
- *  needed while the broadcast is handled and do not keep the pointer. */
+ *  pointer to one. It belongs to the console, which keeps its memory as long as it exists, but may
+ *  change its fields from any thread under a lock of its own (CConsole::entryLock): copy what is needed, with
+ *  CConsole::GetEntry(). */
 class CECEntry
 {
 public:

@@ -1,5 +1,6 @@
+#include "platform/CECEntry.h"
 #include "platform/Vant.h"
-#include "platform/detail/LogRecorder.h"
+#include "platform/detail/ILogSink.h"
 #include "platform/detail/Windows.h"
 
 #include <atomic>
@@ -12,30 +13,18 @@ namespace
 {
 
 constexpr std::size_t targets = 4;
-std::atomic<ILogSink*> sinks[targets];
+constinit std::atomic<ILogSink*> sinks[targets];
 
-std::size_t Index(LogTarget target) noexcept
+std::atomic<ILogSink*>& Sink(LogTarget target) noexcept
 {
-    return static_cast<std::size_t>(target);
-}
-
-ILogSink& Sink(LogTarget target) noexcept
-{
-    ILogSink* const sink = sinks[Index(target)];
-    return sink ? *sink : Recorder(target);
+    return sinks[static_cast<std::size_t>(target)];
 }
 
 } // namespace
 
-void SetLogSink(LogTarget target, ILogSink* sink) noexcept
+ILogSink* SetLogSink(LogTarget target, ILogSink* sink) noexcept
 {
-    sinks[Index(target)] = sink;
-}
-
-LogRecorder& Recorder(LogTarget target) noexcept
-{
-    static LogRecorder recorders[targets];
-    return recorders[Index(target)];
+    return Sink(target).exchange(sink);
 }
 
 } // namespace vant::detail
@@ -61,6 +50,18 @@ void Guarded(const CString& fmt, va_list args, Log log) noexcept
     }
 }
 
+void Add(LogTarget target, int level, const CString& text)
+{
+    if (ILogSink* const sink = Sink(target))
+        sink->Add(0, level, text);
+}
+
+CECEntry* Update(LogTarget target, unsigned long id, int& state, const CString& text)
+{
+    ILogSink* const sink = Sink(target);
+    return sink ? sink->Update(id, state, text) : nullptr;
+}
+
 /** What an alarm does beyond being recorded. */
 void Announce(CECEntry& alarm, int level)
 {
@@ -77,7 +78,7 @@ void Vant::Console(int level, CString fmt, ...)
 {
     va_list args;
     va_start(args, fmt);
-    Guarded(fmt, args, [&](const CString& text) { Sink(LogTarget::console).Add(0, level, text); });
+    Guarded(fmt, args, [&](const CString& text) { Add(LogTarget::console, level, text); });
     va_end(args);
 }
 
@@ -85,7 +86,7 @@ void Vant::Comms(int level, CString fmt, ...)
 {
     va_list args;
     va_start(args, fmt);
-    Guarded(fmt, args, [&](const CString& text) { Sink(LogTarget::comms).Add(0, level, text); });
+    Guarded(fmt, args, [&](const CString& text) { Add(LogTarget::comms, level, text); });
     va_end(args);
 }
 
@@ -93,7 +94,7 @@ void Vant::Status(unsigned long id, int level, CString fmt, ...)
 {
     va_list args;
     va_start(args, fmt);
-    Guarded(fmt, args, [&](const CString& text) { Sink(LogTarget::status).Update(id, level, text); });
+    Guarded(fmt, args, [&](const CString& text) { Update(LogTarget::status, id, level, text); });
     va_end(args);
 }
 
@@ -103,7 +104,7 @@ void Vant::Alarm(unsigned long id, int level, CString fmt, ...)
     va_start(args, fmt);
     Guarded(fmt, args, [&](const CString& text) {
         int state = level;
-        CECEntry* const entry = Sink(LogTarget::alarm).Update(id, state, text);
+        CECEntry* const entry = Update(LogTarget::alarm, id, state, text);
         if (entry && level >= 0)
             Announce(*entry, level);
     });

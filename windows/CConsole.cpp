@@ -44,23 +44,23 @@ CConsole::~CConsole()
         delete entries.RemoveHead();
 }
 
-void CConsole::SetupCsl(int kind)
+void CConsole::SetupCsl(int kindOf)
 {
-    struct Kind {
+    struct Row {
         unsigned int bits;
         const wchar_t* file;
     };
-    static constexpr Kind kinds[] = {
+    static constexpr Row rows[] = {
         {kindConsole, L"Logs\\Console.csv"},
         {kindStatus, L"Logs\\Status.csv"},
         {kindAlarm, L"Logs\\Alarms.csv"},
     };
     const Guard guard(*this);
-    cslKind = kind;
-    if (kind < 0 || kind >= static_cast<int>(std::size(kinds)))
+    cslKind = kindOf;
+    if (kindOf < 0 || kindOf >= static_cast<int>(std::size(rows)))
         return;
-    m_kind = kinds[kind].bits;
-    fileName = Vant::dataDir + kinds[kind].file;
+    m_kind = rows[kindOf].bits;
+    fileName = Vant::dataDir + rows[kindOf].file;
 }
 
 /** An entry that nobody else has, blank. */
@@ -102,16 +102,16 @@ void CConsole::Stamp(CECEntry& entry, int state)
     changed = 1;
 }
 
-CECEntry* CConsole::UpdateEntry(unsigned long id, int& state, const CString& text, unsigned int kind)
+CECEntry* CConsole::UpdateEntry(unsigned long id, int& state, const CString& text, unsigned int bits)
 {
     if (state == clearState) {
         ClearEntry(id);
         return nullptr;
     }
-    return RecordEntry(id, state, text, kind);
+    return RecordEntry(id, state, text, bits);
 }
 
-CECEntry* CConsole::RecordEntry(unsigned long id, int& state, const CString& text, unsigned int kind)
+CECEntry* CConsole::RecordEntry(unsigned long id, int& state, const CString& text, unsigned int bits)
 {
     CECEntry* entry = nullptr;
     LogLine log;
@@ -133,7 +133,7 @@ CECEntry* CConsole::RecordEntry(unsigned long id, int& state, const CString& tex
             entry->id = id;
             entry->kind = m_kind;
         }
-        entry->kind = (entry->kind & ~static_cast<unsigned int>(kindChecked)) | kind;
+        entry->kind = (entry->kind & ~static_cast<unsigned int>(kindChecked)) | bits;
         entry->repeats = (entry->repeats + 1) % repeatsWrap;
         m_keyed = true;
         Stamp(*entry, state);
@@ -153,7 +153,7 @@ CECEntry* CConsole::RecordEntry(unsigned long id, int& state, const CString& tex
     return entry;
 }
 
-void CConsole::AddEntry(unsigned long id, int level, const CString& text, unsigned int kind)
+void CConsole::AddEntry(unsigned long id, int lineLevel, const CString& text, unsigned int bits)
 {
     LogLine log;
     {
@@ -163,9 +163,9 @@ void CConsole::AddEntry(unsigned long id, int level, const CString& text, unsign
             Retire(entries.GetHeadPos());
         std::unique_ptr<CECEntry> entry = NewEntry();
         entry->id = id;
-        entry->kind = m_kind | kind;
+        entry->kind = m_kind | bits;
         m_keyed = false;
-        Stamp(*entry, level);
+        Stamp(*entry, lineLevel);
         entry->text.Format(L"%05d. (%s) :", seq, entry->displayTime.GetString());
         entry->text += text;
         log = LineOf(*entry);
@@ -217,8 +217,8 @@ int CConsole::TestEntry(const CECEntry* entry) const
     if (!entry)
         return 0;
     const unsigned int mask = detail ? filter : filter & ~static_cast<unsigned int>(kindDetailed);
-    const int level = std::clamp(entry->state, 0, highestLevel);
-    const unsigned int wanted = entry->kind | 1U << (level / levelRange + levelShift);
+    const int capped = std::clamp(entry->state, 0, highestLevel);
+    const unsigned int wanted = entry->kind | 1U << (capped / levelRange + levelShift);
     return (mask & wanted) == wanted ? 1 : 0;
 }
 

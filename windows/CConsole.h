@@ -67,7 +67,7 @@ public:
 
     /** Sets the kind, and the log file below Vant::dataDir: kind 0 "Logs\Console.csv", 1 "Logs\Status.csv", 2
      *  "Logs\Alarms.csv"; other kinds leave the file as it is. */
-    virtual void SetupCsl(int kind);
+    virtual void SetupCsl(int kindOf);
 
     /** @name Entries; callable from any thread @{ */
     /** Sets the keyed entry `id`, or inserts it in the order of ids, and logs it. The text becomes
@@ -75,15 +75,15 @@ public:
      * entry.
      *  @param state  becomes -1 when an entry that was there is marked kindSelfClear, for the caller's next
      * update
-     *  @param kind  KindBits for the entry, besides those that it has; an update takes kindChecked away
+     *  @param bits  KindBits for the entry, besides those that it has; an update takes kindChecked away
      *  @return the entry, or null when it was cleared */
-    CECEntry* UpdateEntry(unsigned long id, int& state, const CString& text, unsigned int kind = 0);
+    CECEntry* UpdateEntry(unsigned long id, int& state, const CString& text, unsigned int bits = 0);
     /** The same, but -1 is a state like any other: how the alarm logger keeps what is over. */
-    CECEntry* RecordEntry(unsigned long id, int& state, const CString& text, unsigned int kind = 0);
+    CECEntry* RecordEntry(unsigned long id, int& state, const CString& text, unsigned int bits = 0);
     /** Adds a line and logs it; the oldest one goes when there are #maxEntries. The text becomes
-     *  "<sequence number>. (<time>) :" followed by `text`, with five digits. @param kind  KindBits besides
+     *  "<sequence number>. (<time>) :" followed by `text`, with five digits. @param bits  KindBits besides
      * the console's own */
-    void AddEntry(unsigned long id, int level, const CString& text, unsigned int kind = 0);
+    void AddEntry(unsigned long id, int lineLevel, const CString& text, unsigned int bits = 0);
     /** The first entry with this id, or null. */
     CECEntry* FindEntry(unsigned long id);
     /** Copies the first entry with this id. @return 1, or 0 if there is none */

@@ -1,7 +1,7 @@
 #include "windows/CCslAlm.h"
 
+#include "controls/detail/SkinPiece.h"
 #include "platform/Vant.h"
-#include "resources/Skins.h"
 
 #include <algorithm>
 
@@ -21,6 +21,16 @@ constexpr COLORREF loudBack = RGB(140, 12, 12);
 bool IsChecked(const CECEntry& entry)
 {
     return (entry.kind & CConsole::kindChecked) != 0;
+}
+
+bool IsLoud(const CECEntry& entry)
+{
+    return entry.state == loudLevel && !IsChecked(entry);
+}
+
+COLORREF BackOf(const CECEntry& entry)
+{
+    return IsLoud(entry) ? loudBack : Vant::back;
 }
 
 COLORREF AlarmColour(const CECEntry& entry)
@@ -70,13 +80,13 @@ void CCslAlm::DrawChk(CDC* dc, const CRect& r, const CECEntry& entry)
     const auto& box = IsChecked(entry) ? vant::skins::check::on : vant::skins::check::off;
     const bool isFocused = m_isSel && entry.id == m_selId && ::GetFocus() == m_hWnd;
     const CPoint at(r.CenterPoint().x - box.w / 2, r.CenterPoint().y - box.h / 2);
-    dc->StretchBlt(at.x, at.y, box.w, box.h, &Vant::check, box.left(isFocused ? Look::Focused : Look::Normal),
-                   box.y, box.w, box.h, SRCCOPY);
+    vant::detail::DrawPiece(*dc, CRect(at, CSize(box.w, box.h)), Vant::check, box,
+                            isFocused ? Look::Focused : Look::Normal, BackOf(entry));
 }
 
 void CCslAlm::DrawLine(CDC* dc, const CRect& r, const CECEntry& line)
 {
-    if (line.state == loudLevel && !IsChecked(line))
+    if (IsLoud(line))
         dc->FillSolidRect(r.left, r.top + 1, r.Width(), r.Height() - 2, loudBack);
     DrawChk(dc, CRect(r.left + boxLeft, r.top, r.left + boxLeft + boxW, r.bottom), line);
     CRect text = r;

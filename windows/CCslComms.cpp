@@ -9,10 +9,10 @@ CCslComms::CCslComms()
     m_kind = kindComms;
 }
 
-void CCslComms::SetupCsl(int kind)
+void CCslComms::SetupCsl(int kindOf)
 {
     const CSingleLock guard(&entryLock, TRUE);
-    CConsole::SetupCsl(kind);
+    CConsole::SetupCsl(kindOf);
     m_kind = kindComms;
     fileName = Vant::dataDir + L"Logs\\Comms.csv";
 }

@@ -12,6 +12,6 @@ public:
     CCslComms();
 
     /** As CConsole::SetupCsl(), but the log file is "Logs\Comms.csv" whatever the kind. */
-    void SetupCsl(int kind) override;
+    void SetupCsl(int kindOf) override;
     void SetupCtrls() override;
 };

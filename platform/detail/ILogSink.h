@@ -26,7 +26,8 @@ public:
 /** The loggers of Vant, each with a sink of its own. */
 enum class LogTarget { console, comms, status, alarm };
 
-/** Sends the target's messages to `sink`, which must outlive its use; null puts the recorder back. */
-VANT_API void SetLogSink(LogTarget target, ILogSink* sink) noexcept;
+/** Sends the target's messages to `sink`, which must outlive its use; null drops them. Each console is its
+ *  target's sink as long as it exists. @return the sink before */
+VANT_API ILogSink* SetLogSink(LogTarget target, ILogSink* sink) noexcept;
 
 } // namespace vant::detail

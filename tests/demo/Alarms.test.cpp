@@ -1,7 +1,7 @@
 #include "demo/CAlarmLog.h"
 #include "demo/detail/AlarmWatch.h"
 #include "demo/detail/Playback.h"
-#include "platform/detail/LogRecorder.h"
+#include "support/LogRecorder.h"
 #include "values/EUnits.h"
 
 #include "Lines.h"
@@ -166,8 +166,8 @@ TEST(AlarmLog, AlarmsReachTheLibraryAndTheFile)
         std::filesystem::temp_directory_path() / ("vantalarms-" + std::to_string(::GetCurrentProcessId()));
     std::filesystem::create_directories(dir / "Logs");
     std::ofstream(dir / "Logs" / "Alarms.csv", std::ios::binary) << "from the run before\r\n";
-    vant::detail::LogRecorder& recorder = vant::detail::Recorder(vant::detail::LogTarget::alarm);
-    recorder.Clear();
+    const vant::test::RecordLogs recording;
+    vant::test::LogRecorder& recorder = vant::test::Recorder(vant::detail::LogTarget::alarm);
     EUnits::system = 0;
     {
         CAlarmLog log;

@@ -9,17 +9,6 @@ using namespace vant::detail;
 namespace
 {
 
-constexpr LogTarget allTargets[] = {LogTarget::console, LogTarget::comms, LogTarget::status,
-                                    LogTarget::alarm};
-
-void ClearLogs()
-{
-    for (const LogTarget target : allTargets) {
-        SetLogSink(target, nullptr);
-        Recorder(target).Clear();
-    }
-}
-
 std::filesystem::path TempPath()
 {
     return std::filesystem::temp_directory_path() /
@@ -36,7 +25,6 @@ PlatformTest::PlatformTest()
     sounds.clear();
     alarms.clear();
     helpCalls.clear();
-    ClearLogs();
     Calls().playSound = [](int id) { sounds.push_back(id); };
     Windows().infoMsg = [](int message, void* data) {
         const auto& entry = *static_cast<CECEntry*>(data);
@@ -56,7 +44,6 @@ PlatformTest::~PlatformTest()
     Help() = {};
     EUnits::system = 0;
     Vant::options = 0x29;
-    ClearLogs();
     std::error_code ignored;
     std::filesystem::remove_all(TempPath(), ignored);
 }

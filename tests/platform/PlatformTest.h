@@ -2,10 +2,10 @@
 
 #include "platform/Vant.h"
 #include "platform/detail/HelpRegistry.h"
-#include "platform/detail/LogRecorder.h"
 #include "platform/detail/Startup.h"
 #include "platform/detail/SystemCalls.h"
 #include "platform/detail/Windows.h"
+#include "support/LogRecorder.h"
 #include "values/EUnits.h"
 
 #include <gmock/gmock.h>
@@ -37,7 +37,7 @@ inline void PrintTo(const Logged& entry, std::ostream* out)
 inline std::vector<Logged> Messages(vant::detail::LogTarget target)
 {
     std::vector<Logged> entries;
-    for (const auto& record : vant::detail::Recorder(target).Records())
+    for (const auto& record : vant::test::Recorder(target).Records())
         entries.push_back({record.id, record.state, Text(record.text)});
     return entries;
 }
@@ -81,6 +81,7 @@ protected:
     static std::wstring TempDir();
 
 private:
+    vant::test::RecordLogs m_logs;
     vant::detail::SystemCalls m_calls = vant::detail::Calls();
     vant::detail::WindowHooks m_windows = vant::detail::Windows();
 };

@@ -136,7 +136,7 @@ TEST_F(VantFiles, AFullDiskRaisesAlarm6010WithTheCause)
 TEST_F(VantFiles, AnAlarmWhoseOwnLineFailsIsReportedOnce)
 {
     // An alarm sink that logs to a file that cannot be opened either, as a console with a bad log file does.
-    class Logging : public vant::detail::LogRecorder
+    class Logging : public vant::test::LogRecorder
     {
     public:
         CECEntry* Update(unsigned long id, int& state, const CString& text) override
@@ -169,7 +169,7 @@ TEST_F(VantFiles, AnAlarmWhoseOwnLineFailsIsReportedOnce)
     Vant::AppendToFile(At(L"bad.csv").c_str(), L"line");
     EXPECT_EQ(sink.updates, 3);
     EXPECT_THAT(Bytes(At(L"new\\alarms.csv")), StartsWith("Append To File: Could not open file <"));
-    vant::detail::SetLogSink(LogTarget::alarm, nullptr);
+    vant::detail::SetLogSink(LogTarget::alarm, &vant::test::Recorder(LogTarget::alarm));
 }
 
 TEST_F(VantFiles, DirectoriesAreMadeFromEveryKindOfPath)
@@ -209,7 +209,7 @@ TEST_F(VantFiles, AMissingDriveAndAFileInTheWayAreReported)
     EXPECT_EQ(Vant::CreateDirPath(CString(drive) + L":\\Data\\Logs"), 0);
     EXPECT_THAT(Messages(LogTarget::alarm),
                 ElementsAre(Logged{0, 1, L"Cannot create directory Invalid Drive"}));
-    vant::detail::Recorder(LogTarget::alarm).Clear();
+    vant::test::Recorder(LogTarget::alarm).Clear();
     alarms.clear();
 
     Touch(At(L"file"));
@@ -218,7 +218,7 @@ TEST_F(VantFiles, AMissingDriveAndAFileInTheWayAreReported)
     EXPECT_EQ(alarms[0].id, 0u);
     EXPECT_EQ(alarms[0].text,
               L"Cannot create directory, Err=" + Text(Vant::ErrorString(ERROR_ALREADY_EXISTS)));
-    vant::detail::Recorder(LogTarget::alarm).Clear();
+    vant::test::Recorder(LogTarget::alarm).Clear();
     alarms.clear();
 
     // A line for a drive that is not there: the directory's failure is told, then the file's.

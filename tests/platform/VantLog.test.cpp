@@ -10,6 +10,8 @@ namespace
 using namespace vant::detail;
 using testing::ElementsAre;
 using testing::IsEmpty;
+using vant::test::Recorder;
+using vant::test::recorderCapacity;
 using VantLog = PlatformTest;
 
 /** Answers as a test tells it to, and remembers what it was asked. */
@@ -61,7 +63,7 @@ TEST_F(VantLog, LinesAreAddedAndStatesUpdated)
     EXPECT_THAT(sink.updated, ElementsAre(Logged{3, 4, L"c"}, Logged{5, 6, L"d"}));
     EXPECT_THAT(Messages(LogTarget::alarm), IsEmpty());
 
-    SetLogSink(LogTarget::alarm, nullptr);
+    SetLogSink(LogTarget::alarm, &Recorder(LogTarget::alarm));
     Vant::Alarm(5, 6, L"e");
     EXPECT_THAT(Messages(LogTarget::alarm), ElementsAre(Logged{5, 6, L"e"}));
 }

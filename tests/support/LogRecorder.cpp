@@ -1,15 +1,19 @@
-#include "platform/detail/LogRecorder.h"
+#include "support/LogRecorder.h"
 
 #include <algorithm>
 #include <iterator>
 
-namespace vant::detail
+namespace vant::test
 {
 
 namespace
 {
 
+using vant::detail::LogTarget;
+
 constexpr int repeatsWrap = 1000;
+constexpr LogTarget allTargets[] = {LogTarget::console, LogTarget::comms, LogTarget::status,
+                                    LogTarget::alarm};
 
 void Stamp(CECEntry& entry, int state, const CString& text)
 {
@@ -71,4 +75,24 @@ void LogRecorder::Clear()
     m_entries.clear();
 }
 
-} // namespace vant::detail
+LogRecorder& Recorder(LogTarget target) noexcept
+{
+    static LogRecorder recorders[std::size(allTargets)];
+    return recorders[static_cast<std::size_t>(target)];
+}
+
+RecordLogs::RecordLogs()
+{
+    for (const LogTarget target : allTargets) {
+        Recorder(target).Clear();
+        m_before.push_back(SetLogSink(target, &Recorder(target)));
+    }
+}
+
+RecordLogs::~RecordLogs()
+{
+    for (std::size_t i = 0; i < std::size(allTargets); ++i)
+        SetLogSink(allTargets[i], m_before[i]);
+}
+
+} // namespace vant::test
