@@ -3,14 +3,17 @@
 /** @file
  *  Everything an application of VantCore needs: include this header and nothing else. */
 
+#include "controls/CCtrlCat.h"
 #include "controls/CDpi.h"
 #include "controls/CEBtn.h"
 #include "controls/CECheck.h"
 #include "controls/CECtrl.h"
+#include "controls/CEFlex.h"
 #include "controls/CELabel.h"
 #include "controls/CEStyle.h"
 #include "controls/CEText.h"
 #include "controls/CEWnd.h"
+#include "controls/CVantWnd.h"
 #include "core/CAoi.h"
 #include "core/CLstMgd.h"
 #include "core/CLstPtr.h"

@@ -4,6 +4,7 @@
 #include "controls/CEFlex.h"
 
 #include <memory>
+#include <vector>
 
 class CEBtn;
 class CECheck;
@@ -15,12 +16,21 @@ class CVantWnd;
 /** A named group of controls in a platform window, with a layout cursor of its own.
  *
  *  Controls are inserted in reading order: each is placed at the cursor, which moves on to the right; NewLn()
- *  goes to the next line. A category is either stacked, a section of the window's column that its header
- * opens and closes, or anchored to one of nine places of the client area. Every CVantWnd is a category
- * itself, named "ROOT", and owns more (CVantWnd::GetCat).
+ *  goes to the next line, and belongs behind the last line too: only it makes that line count for the height
+ * of the category. A category is either stacked, a section of the window's column that its header opens and
+ * closes, or anchored to one of nine places of the client area. Every CVantWnd is a category itself, named
+ * "ROOT", and owns more (CVantWnd::GetCat).
  *
- *  All lengths are units (see CDpi). The order of insertion is the order of updates and of the Tab key.
- * Belongs to the UI thread. */
+ *  @code
+ *  CCtrlCat* sonar = wnd.GetCat(L"Sonar", CCtrlCat::kindStacked, 1, 0);
+ *  sonar->InsText(80, L"Range");
+ *  sonar->InsCtrl(60, CECtrl::typeEdit, m_range);
+ *  sonar->NewLn();
+ *  @endcode
+ *
+ *  Controls are inserted before the window is created, or later and then followed by CreateCtrls() and the
+ * window's LayoutWnd(). All lengths are units (see CDpi). The order of insertion is the order of updates and
+ * of the Tab key. Belongs to the UI thread. */
 class VANT_API CCtrlCat
 {
 public:
@@ -46,7 +56,8 @@ public:
 
     /** @name Fields @{ */
     CString catName;             ///< "ROOT"; the key of CVantWnd::GetCat() and of the settings
-    CVantWnd* pParent = nullptr; ///< the window that it is in; null until GetCat() sets it. Not owned.
+    CVantWnd* pParent = nullptr; ///< the window that it is in; null until GetCat() sets it; a window's own
+                                 ///< category has the window itself. Not owned.
     int expanded = 2;            ///< non-zero: a stacked category shows its controls; persistent
     int hasHdr = 0;              ///< non-zero: the category has a header above its controls
     int kind = 0;                ///< Kind
@@ -70,43 +81,58 @@ public:
     /** Empties the list of controls and starts the cursor anew, without deleting anything. */
     virtual void ClearCtrls();
     /** Adds levels to, or takes them from, #lvlMask, and shows or hides the controls whose level is exactly
-     * `levelBits`: a control that was inserted at level 3 is deliberately not switched by level 2. */
+     * `levelBits`: a control that was inserted at level 3 is deliberately not switched by level 2. What a
+     * level has hidden stays hidden, whatever the layout does, until the same level is shown; a closed
+     * category shows nothing before it is opened. */
     virtual void ShowLevel(int levelBits, int show);
-    /** Moves header and controls to their places. @param client  the window's client rectangle */
+    /** Moves header and controls to their places, and shows the controls or, in a closed category, hides
+     * them. A control whose CECtrl::state lacks stShown is not shown. Nothing before the window exists.
+     *  @param client  the window's client rectangle, units */
     virtual void LayoutCtrls(const CRect& client);
-    /** Creates the windows of header and controls that have none yet. */
+    /** Creates the windows of header and controls that have none yet, at their places. */
     virtual void CreateCtrls();
-    /** Destroys the windows of the controls and deletes them. */
+    /** Destroys the windows of the controls, deletes them and starts the cursor anew. Not to be called by a
+     * handler of one of these controls. */
     virtual void DestroyCtrls();
     /** @} */
 
-    /** @name Cursor @{ */
+    /** @name Cursor
+     *  Every move makes the place reached count for width or height. @{ */
     /** The place of a control `width` wide at the cursor; with `advance` the cursor moves behind it. */
     void CalcRect(CRect& r, int width, int advance);
+    /** Starts the next line, #hdrH below. */
     void NewLn();
     void ShiftX(int dx);
     /** Moves the cursor down by `dy`, and to `toX` unless that is negative. */
     void ShiftY(int dy, int toX = -1);
     void SetX(int toX);
+    void SetY(int toY);
     void SetPos(int toX, int toY);
+    /** Starts a line at `toY`: the cursor goes to the left margin. */
     void SetCtrlY(int toY);
+    /** @} */
+
+    /** @name Size of the block of controls
+     *  Setting replaces what the insertions reached; they may enlarge it again. @{ */
     void SetWidth(int width);
     void SetHeight(int height);
     void SetExtents(int width, int height);
+    /** #maxX: -1 for a category without controls. */
     int GetCtrlWidth() const;
-    /** Height of the category: of an anchored one its block; of a stacked one its header, and its block too
-     * while it is expanded. */
+    /** Height of the category: of a stacked one its header, and its block too while it is expanded; of any
+     * other one its block (-1 without controls). */
     int GetCtrlHeight() const;
     CSize GetCtrlExtents() const;
     /** @} */
 
     /** @name Insertion
-     *  The control belongs to the category from now on, and gets the category's style and level and the
-     * window's mutex; with `flex` it follows the window's size. Returned pointers stay valid until
-     * DestroyCtrls(). @{ */
+     *  The control belongs to the category from now on, and gets the category's style and level and, if the
+     * window has one, the window's mutex; with `flex` it follows the window's size. Returned pointers stay
+     * valid until DestroyCtrls(). @{ */
     /** Creates a control by the code of its class (CECtrl::TypeCode); null for a code without a class. */
     CECtrl* NewCtrl(int width, int typeCode, CEFlex* flex = nullptr);
-    /** The same, bound to a variable, which must outlive it. */
+    /** The same, bound to a variable, which must outlive it: whatever CEVal::Init() takes. A wide character
+     * buffer or pointer is copied as a fixed text. */
     template <class T>
     CECtrl* InsCtrl(int width, int typeCode, T& variable, CEFlex* flex = nullptr)
     {
@@ -115,7 +141,12 @@ public:
             ctrl->Init(variable);
         return ctrl;
     }
-    /** Inserts a control that the caller made with new. */
+    CECtrl* InsCtrl(int width, int typeCode, void** variable, CEFlex* flex = nullptr);
+    CECtrl* InsCtrl(int width, int typeCode, void*& variable, CEFlex* flex = nullptr)
+    {
+        return InsCtrl(width, typeCode, &variable, flex);
+    }
+    /** Inserts a control that the caller made with new; it keeps its own style. */
     CECtrl* InsCtrl(int width, CECtrl* control, int id, CEFlex* flex = nullptr);
     /** A push button that calls `handler` of `target`. */
     CEBtn* InsBtn(int width, const CString& text, int id, CObject* target, CEVal::CbNone handler,
@@ -124,7 +155,9 @@ public:
      */
     CEText* InsText(int width, const CString& text, const CEStyle* style = nullptr, int align = DT_LEFT,
                     CEFlex* flex = nullptr);
-    /** A caption line of its own. */
+    /** A caption line of its own, in the style that is registered as "Tag" (CEStyle::AddStyle) or else in
+     * small light blue. The next line starts at x = 10, deliberately also in a stacked category, and lines
+     * are 4 higher than controls from then on. */
     CEText* InsTag(const CString& text);
     /** @} */
 
@@ -132,6 +165,16 @@ public:
     void SetHeader(const CString& title);
 
 private:
-    std::unique_ptr<CECheck> m_hdrCheck;
-    std::unique_ptr<CELabel> m_hdrLabel;
+    friend class CVantWnd;
+
+    CECtrl* Insert(int width, CECtrl* ctrl, int id, const CEFlex* flex);
+    CPoint Origin(const CRect& client);
+    CPoint HeaderPlace(const CRect& client) const;
+    bool IsAnchored() const noexcept;
+    bool KeepsHidden(const CECtrl& ctrl) const noexcept;
+    int Bottom() const noexcept;
+
+    std::unique_ptr<CECheck> m_hdrCheck; // of a stacked category
+    std::unique_ptr<CELabel> m_hdrLabel; // refers to the box, and goes first
+    std::vector<int> m_hiddenLevels;     // levels that ShowLevel() hid, as they were given
 };

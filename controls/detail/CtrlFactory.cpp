@@ -1,0 +1,45 @@
+#include "controls/detail/CtrlFactory.h"
+
+#include "controls/CEBtn.h"
+#include "controls/CECheck.h"
+#include "controls/CELabel.h"
+#include "controls/CEText.h"
+#include "controls/CEWnd.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace vant::detail
+{
+
+namespace
+{
+
+using Maker = std::unique_ptr<CECtrl> (*)();
+
+template <class Ctrl>
+std::unique_ptr<CECtrl> Make()
+{
+    return std::make_unique<Ctrl>();
+}
+
+struct Entry {
+    int typeCode;
+    Maker make;
+};
+
+constexpr Entry classes[] = {
+    {CECtrl::typeText, Make<CEText>},   {CECtrl::typeLabel, Make<CELabel>}, {CECtrl::typeBtn, Make<CEBtn>},
+    {CECtrl::typeCheck, Make<CECheck>}, {CECtrl::typeWnd, Make<CEWnd>},
+};
+
+} // namespace
+
+std::unique_ptr<CECtrl> MakeCtrl(int typeCode)
+{
+    const auto* const found = std::find_if(std::begin(classes), std::end(classes),
+                                           [typeCode](const Entry& e) { return e.typeCode == typeCode; });
+    return found != std::end(classes) ? found->make() : nullptr;
+}
+
+} // namespace vant::detail
