@@ -4,9 +4,9 @@
 #include "demo/ScreenPlace.h"
 #include "demo/detail/Layout.h"
 #include "platform/Vant.h"
+#include "windows/CConsole.h"
 #include "windows/CCslAlm.h"
 #include "windows/CCslComms.h"
-#include "windows/CConsole.h"
 
 namespace demo
 {
@@ -38,7 +38,7 @@ void CBridge::AddDocks()
     add(L"CONSOLE", Vant::csl, [] { return CDockWnd::Caption{L"Logs\\Console.csv", std::nullopt}; });
     add(L"SENTENCES", Vant::comms, [this] {
         const bool ends = m_session.playback.AtEnd();
-        return CDockWnd::Caption{L"Logs\\Comms.csv", ends              ? Lamp::Red
+        return CDockWnd::Caption{L"Logs\\Comms.csv", ends               ? Lamp::Red
                                                      : m_session.paused ? Lamp::Amber
                                                                         : Lamp::Green};
     });
@@ -62,8 +62,9 @@ void CBridge::LayoutWnd(int quiet)
     const CRect client = ClientRc();
     const Layout layout = Layout::Of(client.Width(), client.Height());
     m_looks.scale = layout.scale;
-    const Box* const places[] = {&layout.header,   &layout.alarms, &layout.depth,  &layout.track, &layout.heading,
-                                 &layout.position, &layout.wind,   &layout.motion, &layout.footer};
+    const Box* const places[] = {&layout.header, &layout.alarms,  &layout.depth,
+                                 &layout.track,  &layout.heading, &layout.position,
+                                 &layout.wind,   &layout.motion,  &layout.footer};
     const auto place = [this](CWnd& part, const Box& box) { part.MoveWindow(m_looks.dpi.ToPx(RectOf(box))); };
     for (std::size_t i = 0; i < m_panels.size(); ++i)
         place(*m_panels[i], *places[i]);
@@ -84,9 +85,9 @@ void CBridge::NotePlace()
     m_session.settings.window = BoxOf(rect);
 }
 
-void CBridge::OnMove(int x, int y)
+void CBridge::OnMove(int toX, int toY)
 {
-    CVantWnd::OnMove(x, y);
+    CVantWnd::OnMove(toX, toY);
     NotePlace();
 }
 

@@ -37,10 +37,10 @@ END_MESSAGE_MAP()
 
 CBridge::CBridge(Session& session)
     : m_session(session)
-    , m_looks{Palette::FromScheme()}
     , m_setup(session)
 {
     CVantWnd::name = L"Bridge";
+    m_looks.palette = Palette::FromScheme();
     AddPanels();
     AddDocks();
 }

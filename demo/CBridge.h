@@ -12,8 +12,8 @@
 namespace demo
 {
 
-/** The main window: places the instruments, the set-up and the consoles, moves the tape on, and takes the keys
- * that no control wants. */
+/** The main window: places the instruments, the set-up and the consoles, moves the tape on, and takes the
+ * keys that no control wants. */
 class CBridge : public CVantWnd
 {
     DECLARE_DYNAMIC(CBridge)
@@ -36,7 +36,7 @@ protected:
     afx_msg void OnEndSession(BOOL ending);
     afx_msg void OnTimer(UINT_PTR id);
     afx_msg BOOL OnEraseBkgnd(CDC* dc);
-    afx_msg void OnMove(int x, int y);
+    afx_msg void OnMove(int toX, int toY);
     afx_msg void OnSize(UINT type, int cx, int cy);
     afx_msg void OnGetMinMaxInfo(MINMAXINFO* info);
     afx_msg void OnActivate(UINT state, CWnd* other, BOOL minimized);

@@ -22,9 +22,9 @@ namespace
 
 namespace fs = std::filesystem;
 
-constexpr int exitFailed = 1; // something could not be written
-constexpr int exitUsage = 2;  // an argument or the log is no good
-constexpr int exitScript = 3; // the program did not do what its script expects
+constexpr int exitFailed = 1;  // something could not be written
+constexpr int exitUsage = 2;   // an argument or the log is no good
+constexpr int exitScript = 3;  // the program did not do what its script expects
 constexpr int keptLines = 500; // of each console
 constexpr const wchar_t* logName = L"survey.nmea";
 
@@ -183,9 +183,9 @@ void CDemoApp::StartLibrary()
 
 bool CDemoApp::OpenWindow()
 {
-    m_session = std::make_unique<Session>(Session{*m_tape, *m_playback, m_settings, m_log,
-                                                  fs::path(m_logPath).filename().wstring(), m_options.seconds,
-                                                  m_options.rate, m_options.script, m_outDir.c_str()});
+    m_session.reset(new Session{*m_tape, *m_playback, m_settings, m_log,
+                                fs::path(m_logPath).filename().wstring(), m_options.seconds, m_options.rate,
+                                m_options.script, m_outDir.c_str()});
     m_session->Apply();
     m_bridge = std::make_unique<CBridge>(*m_session);
     m_pMainWnd = m_bridge.get();
@@ -219,8 +219,8 @@ void CDemoApp::SaveSettings()
         Complain(L"cannot write to " + Quoted(m_outDir + L"demo.log"));
         m_exitCode = exitFailed;
     }
-    if (m_session->failures > 0) {
-        Complain(Counted(m_session->failures, L"of the script's steps failed"));
+    if (m_session->failed) {
+        Complain(L"the script failed");
         m_exitCode = exitScript;
     }
 }
@@ -232,7 +232,8 @@ void CDemoApp::Summarise() const
         L" of " + DurationText(m_tape->Duration()) + L" played");
     Say(L"sentences: " + Counted(counts.read, L"read, ") + Counted(counts.accepted, L"used, ") +
         Counted(counts.ignored, L"of other types, ") + Counted(counts.rejected, L"rejected"));
-    Say(L"alarms:    " + Counted(m_session->alarms, L"raised, ") + Counted(CountOn(*m_playback), L"still on"));
+    Say(L"alarms:    " + Counted(m_session->alarms, L"raised, ") +
+        Counted(CountOn(*m_playback), L"still on"));
     Say(L"frames:    " + Counted(m_session->frames, L"drawn"));
     Say(L"picture:   " + m_outDir + pictureName);
     Say(L"settings:  " + std::wstring(static_cast<LPCWSTR>(Vant::setFile)));

@@ -13,7 +13,7 @@ namespace demo
 
 /** How all panels of the bridge are drawn. */
 struct Looks {
-    Palette palette;
+    Palette palette{};
     FontSet fonts;
     double scale = 1.0; ///< of the readings in the panels, see Layout
     CDpi dpi;

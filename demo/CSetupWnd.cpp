@@ -53,9 +53,9 @@ void CSetupWnd::OnDestroy()
 void CSetupWnd::OnPoll(double)
 {
     const double duration = m_session.tape.Duration();
-    const CString text = (DurationText(std::min(m_session.playback.Time(), duration)) + L" of " +
-                          DurationText(duration))
-                             .c_str();
+    const CString text =
+        (DurationText(std::min(m_session.playback.Time(), duration)) + L" of " + DurationText(duration))
+            .c_str();
     if (text == m_progressText)
         return;
     m_progressText = text;
@@ -78,8 +78,7 @@ void CSetupWnd::UpdateLabels()
 {
     const Mounting& mounting = m_session.settings.mounting;
     m_limitUnit->SetText(UnitText(lengthUnit).c_str());
-    m_mountingText =
-        (L"depth \u00D7 " + FixedText(mounting.DepthPart(), 3) + L" of the beam").c_str();
+    m_mountingText = (L"depth \u00D7 " + FixedText(mounting.DepthPart(), 3) + L" of the beam").c_str();
     m_dial->brg = mounting.bearing;
     m_dial->slope = mounting.slope;
 }

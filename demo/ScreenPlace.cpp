@@ -38,8 +38,7 @@ CSize FrameAround(int width, int height, CDpi dpi) noexcept
 
 Box FirstPlace() noexcept
 {
-    const CSize size =
-        FrameAround(Layout::designWidth, Layout::designHeight, CDpi::Of(::GetDesktopWindow()));
+    const CSize size = FrameAround(Layout::designWidth, Layout::designHeight, CDpi::Of(::GetDesktopWindow()));
     CRect work;
     ::SystemParametersInfoW(SPI_GETWORKAREA, 0, &work, 0);
     const int width = std::min<int>(size.cx, work.Width());

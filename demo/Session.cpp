@@ -14,11 +14,8 @@ constexpr unsigned silent = 0x20; // of Vant::options: no sound at all
 
 View Session::Shown() const
 {
-    return {playback,           values,
-            tape.Duration(),    rate,
-            paused != 0,        source,
-            settings.headingUp != 0, settings.depthSpan,
-            alarms};
+    return {playback,           values, tape.Duration(), rate, paused != 0, source, settings.headingUp != 0,
+            settings.depthSpan, alarms};
 }
 
 void Session::Apply()

@@ -31,7 +31,7 @@ struct Session {
     int paused = 0;
     std::size_t alarms = 0; ///< how many have begun
     std::size_t frames = 0;
-    std::size_t failures = 0; ///< steps of the script that failed
+    bool failed = false;    ///< the script did
     bool pictureSaved = false;
 
     /** What the panels show now. */

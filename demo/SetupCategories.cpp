@@ -40,7 +40,8 @@ CECtrl& CSetupWnd::Field(CECtrl& control, const wchar_t* tip)
 }
 
 template <class T>
-CECtrl& CSetupWnd::Edit(CCtrlCat& category, const wchar_t* caption, T& variable, const wchar_t* tip, int width)
+CECtrl& CSetupWnd::Edit(CCtrlCat& category, const wchar_t* caption, T& variable, const wchar_t* tip,
+                        int width)
 {
     category.InsText(captionWidth, caption);
     return Field(*category.InsCtrl(width, CECtrl::typeEdit, variable), tip);
@@ -58,18 +59,18 @@ void CSetupWnd::AddAlarmLimits()
     CCtrlCat& category = Category(L"Alarm limits");
     DemoSettings& settings = m_session.settings;
 
-    CECtrl& limit = Edit(category, L"Shallow below", settings.shallowLimit,
-                         L"The least safe depth. Less water under the surface raises the alarm; 0 never does.",
-                         fieldWidth);
+    CECtrl& limit = Edit(
+        category, L"Shallow below", settings.shallowLimit,
+        L"The least safe depth. Less water under the surface raises the alarm; 0 never does.", fieldWidth);
     limit.units = lengthUnit;
     limit.decimals = 1;
     limit.SetRange(0.0, DemoSettings::mostLimit);
     m_limitUnit = category.InsText(unitWidth, L"");
     category.NewLn();
 
-    CECtrl& search = Edit(category, L"Fix lost after", settings.lostFix,
-                          L"How long the receiver may be without a position before the alarm is raised.",
-                          fieldWidth);
+    CECtrl& search =
+        Edit(category, L"Fix lost after", settings.lostFix,
+             L"How long the receiver may be without a position before the alarm is raised.", fieldWidth);
     search.SetRange(DemoSettings::leastLostFix, DemoSettings::mostLostFix);
     category.InsText(unitWidth, L"s");
     category.NewLn();
@@ -121,7 +122,8 @@ void CSetupWnd::AddPlayback()
         {L"Picture", idPicture, &CSetupWnd::OnPicture, L"Saves a picture of the whole window. Key: S"},
     };
     for (const auto& button : buttons)
-        category.InsBtn(buttonWidth, button.text, button.id, this, static_cast<CEVal::CbNone>(button.handler))
+        category
+            .InsBtn(buttonWidth, button.text, button.id, this, static_cast<CEVal::CbNone>(button.handler))
             ->tip = button.tip;
     category.NewLn();
 }
@@ -130,7 +132,8 @@ void CSetupWnd::AddSensor()
 {
     CCtrlCat& category = Category(L"Sensor");
     DemoSettings& settings = m_session.settings;
-    Edit(category, L"Name", settings.sensor, L"The name of the instrument, as the header shows it.", wideField);
+    Edit(category, L"Name", settings.sensor, L"The name of the instrument, as the header shows it.",
+         wideField);
     category.NewLn();
 
     category.InsText(captionWidth, L"Network address");

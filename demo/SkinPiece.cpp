@@ -42,7 +42,8 @@ void DrawSkin(CDC& dc, const Box& box, CDC& skin, const vant::skins::Region& pie
 void StampSkin(CDC& dc, int x, int y, CDC& skin, const vant::skins::Region& piece, CDpi dpi, int cell)
 {
     dc.SetStretchBltMode(COLORONCOLOR);
-    dc.TransparentBlt(x, y, dpi.ToPx(piece.w), dpi.ToPx(piece.h), &skin, piece.left(cell), piece.y, piece.w, piece.h, Vant::back);
+    dc.TransparentBlt(x, y, dpi.ToPx(piece.w), dpi.ToPx(piece.h), &skin, piece.left(cell), piece.y, piece.w,
+                      piece.h, Vant::back);
 }
 
 } // namespace demo

@@ -9,8 +9,8 @@
 namespace demo
 {
 
-/** Copies a piece of a skin into `box`, in pixels, stretching what lies between its margins; these are as wide
- * as the dots per inch ask for.
+/** Copies a piece of a skin into `box`, in pixels, stretching what lies between its margins; these are as
+ * wide as the dots per inch ask for.
  *  @param cell which of the pieces that stand side by side, from 0 */
 void DrawSkin(CDC& dc, const Box& box, CDC& skin, const vant::skins::Region& piece, CDpi dpi, int cell = 0);
 

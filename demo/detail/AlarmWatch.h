@@ -26,7 +26,7 @@ struct AlarmEvent {
 class AlarmWatch
 {
 public:
-    static constexpr double depthSpare = 0.5; ///< metres below the limit's depth that end the alarm
+    static constexpr double depthSpare = 0.5;  ///< metres below the limit's depth that end the alarm
     static constexpr double usualSearch = 5.0; ///< see SetLongestSearch()
     static constexpr double steadyFix = 2.0;   ///< seconds of uninterrupted positions that end a search
     static constexpr double longestGap = 3.2;  ///< seconds between two positions of one steady fix

@@ -15,7 +15,7 @@ constexpr double upperShare = 0.53; // of the instruments' height, for the upper
 constexpr int instrumentWidth = 1260; // the area that the instruments were drawn for
 constexpr int instrumentHeight = 668;
 
-constexpr int setupWidth = 332; // of the sections' headers and a frame
+constexpr int setupWidth = 332;    // of the sections' headers and a frame
 constexpr double dockShare = 0.17; // of the whole height
 constexpr int leastDock = 96;
 constexpr int mostDock = 240;

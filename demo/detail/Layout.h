@@ -27,8 +27,9 @@ struct Layout {
     static constexpr int leastWidth = 1040; ///< a smaller area is not fit to be read
     static constexpr int leastHeight = 680;
 
-    /** Divides an area of any size, at least leastWidth x leastHeight being used: header and alarm line above,
-     * the footer below; between them three columns of two instruments over the consoles, and the set-up. */
+    /** Divides an area of any size, at least leastWidth x leastHeight being used: header and alarm line
+     * above, the footer below; between them three columns of two instruments over the consoles, and the
+     * set-up. */
     static Layout Of(int width, int height) noexcept;
 };
 

@@ -76,8 +76,8 @@ public:
      * end the clock runs on and the readings grow old. */
     void Advance(double seconds);
 
-    /** Starts again at the beginning, with nothing known and nothing counted. Alarms end; their limits and the
-     * mounting stay. */
+    /** Starts again at the beginning, with nothing known and nothing counted. Alarms end; their limits and
+     * the mounting stay. */
     void Rewind();
 
     double Time() const noexcept { return m_time; }

@@ -28,7 +28,7 @@ bool CScript::Step(double t)
         return false;
     m_stage.hands.Drop();
     Report(act, passed);
-    ++m_current;
+    m_current = passed ? m_current + 1 : m_acts.size(); // what follows counts on what was before
     m_begun = false;
     return m_current >= m_acts.size();
 }
@@ -38,7 +38,7 @@ void CScript::Report(const Act& act, bool passed)
     const std::wstring line = std::wstring(L"script: ") + act.name + (passed ? L" ... ok" : L" ... FAILED");
     Say(line);
     m_stage.session.log.Line(line);
-    m_stage.session.failures += passed ? 0 : 1;
+    m_stage.session.failed |= !passed;
     if (act.picture)
         SavePicture(m_stage.session, act.picture);
 }

@@ -19,14 +19,14 @@ struct Stage {
 
 /** Something to do and what must come of it. */
 struct Act {
-    const wchar_t* name;        ///< what must come of it, for the report
-    void (*begin)(Stage&);      ///< tells the hands what to do
-    bool (*holds)(const Stage&); ///< becomes true, soon after the hands have done it
+    const wchar_t* name;              ///< what must come of it, for the report
+    void (*begin)(Stage&);            ///< tells the hands what to do
+    bool (*holds)(const Stage&);      ///< becomes true, soon after the hands have done it
     const wchar_t* picture = nullptr; ///< file name of a picture of the result
 };
 
 /** The program tries its own controls: does things as a user, one after the other, and checks what happened.
- * Every act is reported in a line on the standard output. */
+ * Every act is reported in a line on the standard output. The first one that fails is the last. */
 class CScript
 {
 public:

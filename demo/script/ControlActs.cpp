@@ -28,7 +28,9 @@ CWnd& Panel(const wchar_t* name)
 
 bool IsBeamAt(const Stage& stage, double bearing, double slope)
 {
-    const auto near = [](double radians, double degrees) { return std::abs(radians / degree - degrees) < 1e-3; };
+    const auto near = [](double radians, double degrees) {
+        return std::abs(radians / degree - degrees) < 1e-3;
+    };
     const Mounting& mounting = stage.session.playback.Mounted();
     return near(mounting.bearing, bearing) && near(mounting.slope, slope) && near(TheDial().brg, bearing) &&
            near(TheDial().slope, slope);

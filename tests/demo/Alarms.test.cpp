@@ -1,8 +1,12 @@
-#include "demo/CAlarmLog.h"
+#include "demo/AlarmTexts.h"
+#include "demo/SentenceFeed.h"
 #include "demo/detail/AlarmWatch.h"
 #include "demo/detail/Playback.h"
+#include "platform/Vant.h"
 #include "support/LogRecorder.h"
 #include "values/EUnits.h"
+#include "windows/CCslAlm.h"
+#include "windows/CCslComms.h"
 
 #include "Lines.h"
 
@@ -122,6 +126,19 @@ TEST(AlarmWatch, ANewStartEndsWhatIsOn)
     EXPECT_TRUE(watch.TakeEvents().empty()) << "the search begins anew";
 }
 
+TEST(AlarmWatch, TheLengthOfASearchCanBeSet)
+{
+    AlarmWatch watch = Watch(10.0);
+    watch.SetLongestSearch(30.0);
+    watch.Fix(1.0, true);
+    watch.Pass(31.0);
+    EXPECT_FALSE(watch.IsOn(AlarmId::LostFix));
+    watch.Restart(0.0);
+    watch.Pass(30.5);
+    EXPECT_THAT(watch.TakeEvents(), ElementsAre(Event(AlarmId::LostFix, begins, 30.0, 30.0)))
+        << "also after a new start";
+}
+
 TEST(AlarmWatch, TheSurveyRaisesItsAlarmsWhateverTheSteps)
 {
     const Tape tape(Contents(DEMO_DATA_DIR "/survey.nmea"));
@@ -147,6 +164,25 @@ TEST(AlarmWatch, TheSurveyRaisesItsAlarmsWhateverTheSteps)
     }
 }
 
+TEST(Playback, ASlantingBeamMeasuresMoreThanTheDepth)
+{
+    const Tape tape(Line("SDDPT,10.00,0.5") + "\r\n" + Line("SDDBT,32.8,f,10.0,M,5.5,F") + "\r\n");
+    Playback playback(tape);
+    playback.SetMounting({0.0, 30.0 * degree});
+    playback.Alarms().SetShallowLimit(6.0);
+    playback.Advance(1.0);
+    EXPECT_NEAR(5.0, playback.Value(Quantity::DepthBelowTransducer), 1e-9);
+    EXPECT_NEAR(5.5, playback.Value(Quantity::DepthBelowSurface), 1e-9) << "what is above it is upright";
+    EXPECT_NEAR(5.5, playback.Depths().Last().depth, 1e-9);
+    EXPECT_TRUE(playback.Alarms().IsOn(AlarmId::ShallowWater));
+    playback.Rewind();
+    EXPECT_NEAR(30.0 * degree, playback.Mounted().slope, 1e-12);
+    EXPECT_EQ(1.0, Mounting().DepthPart());
+    EXPECT_EQ(0.0, Mounting().SidePart());
+    EXPECT_EQ(0.0, Mounting({0.0, -1.0}).DepthPart()) << "never above the horizon";
+    EXPECT_EQ(1.0, Mounting({0.0, -1.0}).SidePart());
+}
+
 TEST(Playback, ARewindEndsAlarmsAndKeepsTheLimit)
 {
     const Tape tape(Line("SDDPT,3.00,0.5") + "\r\n");
@@ -160,48 +196,55 @@ TEST(Playback, ARewindEndsAlarmsAndKeepsTheLimit)
     EXPECT_EQ(2U, playback.Alarms().TakeEvents().size()) << "its end is not lost";
 }
 
-TEST(AlarmLog, AlarmsReachTheLibraryAndTheFile)
+TEST(Alarms, ReachTheConsoleAndItsLog)
 {
     const std::filesystem::path dir =
         std::filesystem::temp_directory_path() / ("vantalarms-" + std::to_string(::GetCurrentProcessId()));
-    std::filesystem::create_directories(dir / "Logs");
-    std::ofstream(dir / "Logs" / "Alarms.csv", std::ios::binary) << "from the run before\r\n";
-    const vant::test::RecordLogs recording;
-    vant::test::LogRecorder& recorder = vant::test::Recorder(vant::detail::LogTarget::alarm);
+    std::filesystem::create_directories(dir);
+    Vant::dataDir = (dir.wstring() + L"\\").c_str();
+    Vant::alarm.SetupCsl(2);
+    Vant::alarm.logTo = 1;
     EUnits::system = 0;
-    {
-        CAlarmLog log;
-        ASSERT_TRUE(log.Open(dir.wstring() + L"\\"));
-        EXPECT_EQ(L"Shallow water: 13.2m, limit 14.0m",
-                  log.Record({1.0, AlarmId::ShallowWater, begins, 13.2}, 14.0));
-        log.Record({2.0, AlarmId::LostFix, begins, 5.0}, 14.0);
-        log.Record({3.0, AlarmId::LostFix, ends, 9.04}, 14.0);
-        EUnits::system = 1;
-        EXPECT_EQ(L"Deep enough again: 49ft 3in", log.Record({4.0, AlarmId::ShallowWater, ends, 15.0}, 14.0));
-        EUnits::system = 0;
-        EXPECT_EQ(2U, log.Count());
-        EXPECT_TRUE(log.IsGood());
-    }
-    const auto records = recorder.Records();
-    ASSERT_EQ(2U, records.size()) << "an end takes the place of its beginning";
-    EXPECT_EQ(3002U, records[0].id);
-    EXPECT_LT(records[0].state, 0) << "an end is silent";
-    EXPECT_EQ(3001U, records[1].id);
-    EXPECT_STREQ(L"Position back after 9.0 s", records[0].text);
+    EXPECT_EQ(L"Shallow water: 13.2m, limit 14.0m",
+              RaiseAlarm({1.0, AlarmId::ShallowWater, begins, 13.2}, 14.0));
+    RaiseAlarm({2.0, AlarmId::LostFix, begins, 5.0}, 14.0);
+    RaiseAlarm({3.0, AlarmId::LostFix, ends, 9.04}, 14.0);
+    EUnits::system = 1;
+    EXPECT_EQ(L"Deep enough again: 49ft 3in", RaiseAlarm({4.0, AlarmId::ShallowWater, ends, 15.0}, 14.0));
+    EUnits::system = 0;
 
+    EXPECT_EQ(2, Vant::alarm.entries.GetCount()) << "an end takes the place of its beginning";
+    CECEntry entry;
+    ASSERT_TRUE(Vant::alarm.GetEntry(3002, entry));
+    EXPECT_LT(entry.state, 0) << "an end is silent";
+    EXPECT_THAT(static_cast<LPCWSTR>(entry.text), testing::HasSubstr(L"Position back after 9.0 s"));
     const std::string text = Contents(dir / "Logs" / "Alarms.csv");
-    EXPECT_THAT(text, testing::StartsWith("from the run before\r\n"));
-    EXPECT_THAT(text, testing::HasSubstr(",3002,1,\"No position for 5 s\"\r\n"));
-    EXPECT_THAT(text, testing::HasSubstr(",3001,-1,\"Deep enough again: 49ft 3in\"\r\n"));
-    EXPECT_EQ(5, std::count(text.begin(), text.end(), '\n'));
+    for (const char* line : {"Shallow water: 13.2m, limit 14.0m", "No position for 5 s", "49ft 3in"})
+        EXPECT_THAT(text, testing::HasSubstr(line));
+    EXPECT_EQ(4, std::count(text.begin(), text.end(), '\n'));
     std::filesystem::remove_all(dir);
 }
 
-TEST(AlarmLog, ADirectoryInTheWayIsReported)
+TEST(Alarms, EverySentenceIsFedOnceAndDamagedOnesAreMarked)
 {
-    const std::filesystem::path dir =
-        std::filesystem::temp_directory_path() / ("vantblocked-" + std::to_string(::GetCurrentProcessId()));
-    std::filesystem::create_directories(dir / "Logs" / "Alarms.csv");
-    EXPECT_FALSE(CAlarmLog().Open(dir.wstring() + L"\\"));
-    std::filesystem::remove_all(dir);
+    const Tape tape(Line("SDDPT,3.00,0.5") + "\r\n" + "$SDDPT,3.00,\x07.5*00\r\n");
+    Playback playback(tape);
+    SentenceFeed feed;
+    feed.Feed(tape, playback);
+    EXPECT_TRUE(Vant::comms.entries.IsEmpty()) << "nothing has been played";
+    playback.Advance(10.0);
+    feed.Feed(tape, playback);
+    feed.Feed(tape, playback);
+    ASSERT_EQ(2, Vant::comms.entries.GetCount());
+    const CECEntry& sound = *Vant::comms.entries.GetHead();
+    const CECEntry& damaged = *Vant::comms.entries.GetTail();
+    EXPECT_EQ(0, sound.state);
+    EXPECT_THAT(static_cast<LPCWSTR>(sound.text), testing::HasSubstr(L"$SDDPT,3.00,0.5*"));
+    EXPECT_EQ(SentenceFeed::damagedLevel, damaged.state);
+    EXPECT_THAT(static_cast<LPCWSTR>(damaged.text), testing::EndsWith(L"$SDDPT,3.00,..5*00"));
+    playback.Rewind();
+    feed.Feed(tape, playback);
+    playback.Advance(10.0);
+    feed.Feed(tape, playback);
+    EXPECT_EQ(4, Vant::comms.entries.GetCount()) << "a rewound tape is fed again";
 }

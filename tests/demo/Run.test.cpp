@@ -1,5 +1,6 @@
 // The program itself: started as a user starts it, and judged by what it leaves.
 #include "demo/detail/Geometry.h"
+#include "platform/PlatformTest.h"
 
 #include <gmock/gmock.h>
 
@@ -86,7 +87,7 @@ public:
                     auto& s = *reinterpret_cast<Search*>(param);
                     DWORD process = 0;
                     ::GetWindowThreadProcessId(wnd, &process);
-                    if (process == s.process && ::IsWindowVisible(wnd))
+                    if (process == s.process && ::IsWindowVisible(wnd) && !::GetWindow(wnd, GW_OWNER))
                         s.wnd = wnd;
                     return s.wnd == nullptr;
                 },
@@ -214,9 +215,10 @@ TEST_F(DemoRun, LeavesPictureSettingsAndLogAndNothingElse)
     std::set<std::string> files;
     for (const fs::directory_entry& entry : fs::recursive_directory_iterator(m_dir))
         files.insert(entry.path().filename().string());
-    EXPECT_EQ((std::set<std::string>{"out", "demo.png", "demo.log", "VantDemo.xml", "Logs", "Alarms.csv",
-                                     "stdout.txt", "stderr.txt"}),
+    EXPECT_EQ((std::set<std::string>{"out", "demo.png", "demo.log", "VantDemo.xml", "Logs", "Console.csv",
+                                     "Comms.csv", "stdout.txt", "stderr.txt"}),
               files);
+    EXPECT_THAT(Contents(m_dir / "out" / "Logs" / "Comms.csv"), HasSubstr("$GPGGA,"));
 }
 
 TEST_F(DemoRun, AlarmsAreRecordedAndCounted)
@@ -228,8 +230,9 @@ TEST_F(DemoRun, AlarmsAreRecordedAndCounted)
     ASSERT_EQ(0, program.ExitCode()) << program.Err();
     EXPECT_THAT(program.Out(), HasSubstr("alarms:    2 raised, 2 still on"));
     const std::string alarms = Contents(m_dir / "Logs" / "Alarms.csv");
-    EXPECT_THAT(alarms, HasSubstr(",3001,1,\"Shallow water: 3.6m, limit 14.0m\"\r\n"));
-    EXPECT_THAT(alarms, HasSubstr(",3002,1,\"No position for 5 s\"\r\n"));
+    EXPECT_THAT(alarms, HasSubstr("03001.001"));
+    EXPECT_THAT(alarms, HasSubstr("Shallow water: 3.6m, limit 14.0m\r\n"));
+    EXPECT_THAT(alarms, HasSubstr("No position for 5 s\r\n"));
     EXPECT_THAT(Contents(m_dir / "demo.log"), HasSubstr("alarm: Shallow water"));
 }
 
@@ -274,13 +277,69 @@ TEST_F(DemoRun, ALostWindowComesBackToTheScreen)
     EXPECT_EQ("0", Item(settings, "Units")) << "no such system";
 }
 
+TEST_F(DemoRun, TheScriptPassesAndWhatItSetIsRestored)
+{
+    const ScreenLock lock; // the script's keys go where the keyboard is
+    {
+        Program program(m_dir, L"--script --seconds 1 --out .");
+        EXPECT_EQ(0, program.ExitCode()) << program.Err() << program.Out();
+        const std::string out = program.Out();
+        std::size_t passed = 0;
+        for (std::size_t at = out.find("script: "); at != std::string::npos; at = out.find("script: ", at + 1)) {
+            const std::string line = out.substr(at, out.find('\r', at) - at);
+            EXPECT_THAT(line, testing::EndsWith(" ... ok"));
+            ++passed;
+        }
+        EXPECT_GE(passed, 20U);
+    }
+    for (const char* const picture : {"step-invalid.png", "step-message.png", "step-alarm.png", "step-category.png",
+                                      "step-units.png", "step-dial.png", "demo.png"})
+        EXPECT_TRUE(fs::exists(m_dir / picture)) << picture;
+    EXPECT_THAT(Contents(m_dir / "Logs" / "Alarms.csv"),
+                HasSubstr("Incorrect Text: Not in user specified range 0 to 1000"));
+
+    {
+        Program again(m_dir, L"--seconds 0.3 --out .");
+        ASSERT_EQ(0, again.ExitCode()) << again.Err();
+    }
+    const std::string settings = Contents(m_dir / "VantDemo.xml");
+    EXPECT_EQ("2", Item(settings, "Runs"));
+    EXPECT_EQ("15.5", Item(settings, "ShallowLimit"));
+    EXPECT_EQ(10 | 20 << 8 | 42 << 24, Number(settings, "Address"));
+    EXPECT_THAT(Item(settings, "BeamSlope"), testing::StartsWith("1.22")) << "70 degrees";
+}
+
+TEST_F(DemoRun, AFailingScriptStopsAndSaysSo)
+{
+    const ScreenLock lock;
+    std::ofstream log(m_dir / "deep.nmea", std::ios::binary);
+    log << "$SDDPT,60.0,0.6*67\r\n"; // never shallow: no alarm for the script to see
+    log.close();
+    Program program(m_dir, L"--script --log deep.nmea --seconds 1 --out .");
+    EXPECT_EQ(3, program.ExitCode());
+    EXPECT_THAT(program.Out(), HasSubstr("a message tells of it ... FAILED"));
+    EXPECT_THAT(program.Err(), HasSubstr("the script"));
+}
+
+TEST_F(DemoRun, AClosedCategoryComesBackClosed)
+{
+    std::ofstream(m_dir / "VantDemo.xml") << "<Corvane date=\"\">\n<Collection name=\"VantWnds\">\n"
+                                             "<Object name=\"Setup\" type=\"CSetupWnd\">\n"
+                                             "<Sensor val=\"0\"/>\n</Object>\n</Collection>\n</Corvane>\n";
+    Program program(m_dir, L"--seconds 0.3 --out .");
+    ASSERT_EQ(0, program.ExitCode()) << program.Err();
+    const std::string settings = Contents(m_dir / "VantDemo.xml");
+    EXPECT_EQ("0", Item(settings, "Sensor"));
+    EXPECT_EQ("2", Item(settings, "Alarm_limits")) << "the others are open";
+}
+
 TEST_F(DemoRun, KeysChangeTheDisplayAndAreRemembered)
 {
     Program program(m_dir, L"--seconds 0 --out .");
     const HWND wnd = program.Window();
     ASSERT_TRUE(wnd);
     for (const wchar_t key : {L'h', L'd', L'u', L' ', L'+', L's'})
-        ::SendMessageW(wnd, WM_CHAR, key, 1);
+        ::PostMessageW(wnd, WM_CHAR, key, 1);
     ::PostMessageW(wnd, WM_KEYDOWN, VK_ESCAPE, 1);
     ASSERT_EQ(0, program.ExitCode()) << program.Err();
     const std::string settings = Contents(m_dir / "VantDemo.xml");

@@ -93,19 +93,34 @@ TEST(DemoSettings, AreKeptAndCheckedWhenTheyAreRead)
     DemoSettings saved;
     saved.units = 1;
     saved.shallowLimit = 7.25;
+    saved.sensor = L"Sonar 2";
+    saved.address = 0xFE01A8C0;
+    saved.mounting = {1.0, 0.5};
     ASSERT_TRUE(saved.Save(file.c_str()));
     DemoSettings read;
     ASSERT_TRUE(read.Load(file.c_str()));
     EXPECT_EQ(1, read.units);
     EXPECT_EQ(7.25, read.shallowLimit);
+    EXPECT_EQ(L"Sonar 2", read.sensor);
+    EXPECT_EQ(0xFE01A8C0, read.address);
+    EXPECT_EQ(0.5, read.mounting.slope);
 
     for (const auto& [units, limit] : {std::pair(2, -1.0), std::pair(-1, 1.0e9)}) {
         saved.units = units;
         saved.shallowLimit = limit;
+        saved.mounting = {limit, limit};
+        saved.lostFix = limit;
+        saved.port = static_cast<int>(limit);
         ASSERT_TRUE(saved.Save(file.c_str()));
         ASSERT_TRUE(read.Load(file.c_str()));
         EXPECT_EQ(0, read.units);
-        EXPECT_EQ(DemoSettings().shallowLimit, read.shallowLimit);
+        const DemoSettings usual;
+        EXPECT_EQ(usual.shallowLimit, read.shallowLimit);
+        EXPECT_EQ(usual.mounting.bearing, read.mounting.bearing);
+        EXPECT_EQ(usual.mounting.slope, read.mounting.slope);
+        EXPECT_EQ(usual.lostFix, read.lostFix);
+        EXPECT_EQ(usual.port, read.port);
     }
     std::filesystem::remove(file);
+    EXPECT_STREQ(L"Sonar 2", PlainName(L" \"Sonar\"% 2 "));
 }
