@@ -116,6 +116,19 @@ public:
     BOOL PreTranslateMessage(MSG* msg) override;
     /** @} */
 
+private:
+    struct LogLine {
+        CString file; ///< empty: the entry is not logged
+        CString text;
+    };
+
+    struct Shown {
+        std::vector<CECEntry> lines; ///< copies of what passed the filter
+        int newest = -1;             ///< index of the last one written
+        int total = 0;               ///< how many there were
+        bool keyed = false;          ///< of entries that are updated in place
+    };
+
 protected:
     /** @name What the window shows; UI thread, units @{ */
     /** The section of the options, closed at first. */
@@ -131,7 +144,7 @@ protected:
      * be had within a millisecond. */
     void Refresh();
     /** The entries that passed the filter then, copied. */
-    const std::vector<CECEntry>& Lines() const noexcept { return m_lines; }
+    const std::vector<CECEntry>& Lines() const noexcept { return m_shown.lines; }
     /** Where the entries are drawn; empty when the options leave no room. */
     CRect ListRc() const;
     /** Where a line is drawn, wherever it is scrolled to. */
@@ -139,6 +152,8 @@ protected:
     /** The line at a point of the list; -1 for none. */
     int LineAt(CPoint point) const;
     void RedrawList();
+    /** What the heading says beside the console's name. @param total  entries, hidden ones included */
+    virtual CString Summary(int total) const;
     /** Scrolls as little as is needed to see a line. */
     void ShowLine(int line);
     int PageRows() const noexcept { return m_scroll.Page(); }
@@ -171,12 +186,6 @@ protected:
     afx_msg void OnCaptureChanged(CWnd* other);
     DECLARE_MESSAGE_MAP()
 
-private:
-    struct LogLine {
-        CString file; ///< empty: the entry is not logged
-        CString text;
-    };
-
     bool TryLock();
     std::unique_ptr<CECEntry> NewEntry();
     CVantPtr* FindPos(unsigned int id) const;
@@ -186,9 +195,12 @@ private:
     static void Write(const LogLine& line);
 
     void ArrangeLevels();
-    bool Snapshot(std::vector<CECEntry>& lines, int& newest, bool& keyed);
-    void KeepPlace(const std::vector<CECEntry>& before, int firstBefore, bool keyed);
-    void RedrawRows(const std::vector<CECEntry>& before, int newestBefore, int firstBefore);
+    bool Snapshot(Shown& shown);
+    void KeepPlace(const Shown& before, int firstBefore);
+    void RedrawRows(const Shown& before, int firstBefore);
+    CRect HeadRc() const;
+    void DrawHead(CDC* dc) const;
+    void DrawList(CDC* dc, const CRect& list);
     void SyncPage();
     CRect BarRc() const;
     void DrawBar(CDC* dc) const;
@@ -203,8 +215,7 @@ private:
     bool m_keyed = false;                           // it is keyed
 
     CCtrlCat* m_options = nullptr; // null until there are options; the window's
-    std::vector<CECEntry> m_lines; // what is drawn
-    int m_newestLine = -1;
+    Shown m_shown;                 // what is drawn
     vant::detail::RowScroll m_scroll;
     bool m_follow = true; // the list stays at its end
     CFont m_font;

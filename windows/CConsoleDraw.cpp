@@ -3,6 +3,7 @@
 #include "windows/detail/OneLine.h"
 
 #include <algorithm>
+#include <cwchar>
 #include <iterator>
 #include <utility>
 
@@ -17,6 +18,7 @@ constexpr unsigned lockWait = 1; // milliseconds
 constexpr int rowH = 18;
 constexpr int fontH = 16;
 constexpr int margin = 4;
+constexpr int frameW = 2;    // of the list, around its rectangle
 constexpr int textLeft = 10; // behind the mark of the newest entry
 constexpr int markW = 3;
 constexpr int barW = 12;
@@ -34,6 +36,16 @@ COLORREF LevelColour(int level)
     if (level < 5000)
         return Vant::cyan;
     return level < 9000 ? amber : salmon;
+}
+
+int Count(const std::vector<CECEntry>& lines)
+{
+    return static_cast<int>(lines.size());
+}
+
+std::size_t Index(int line)
+{
+    return static_cast<std::size_t>(line);
 }
 
 bool IsDrawnAlike(const CECEntry& a, const CECEntry& b)
@@ -73,48 +85,49 @@ void CConsole::OnTrigger(double, double)
 }
 
 /** Copies what passes the filter. @return false when the entries cannot be had in time */
-bool CConsole::Snapshot(std::vector<CECEntry>& lines, int& newest, bool& keyed)
+bool CConsole::Snapshot(Shown& shown)
 {
     if (!TryLock())
         return false;
     const auto unlock = [](CCriticalSection* lock) { lock->Unlock(); };
     const std::unique_ptr<CCriticalSection, decltype(unlock)> guard(&entryLock, unlock);
-    newest = -1;
     for (CVantPtr* pos = entries.GetHeadPos(); pos;) {
         const CECEntry* const entry = entries.GetNext(pos);
+        ++shown.total;
         if (!TestEntry(entry))
             continue;
         if (entry == m_newest)
-            newest = static_cast<int>(lines.size());
-        lines.push_back(*entry);
+            shown.newest = static_cast<int>(shown.lines.size());
+        shown.lines.push_back(*entry);
     }
-    keyed = m_keyed;
+    shown.keyed = m_keyed;
     changed = 0;
     return true;
 }
 
 void CConsole::Refresh()
 {
-    std::vector<CECEntry> now;
-    int newest = -1;
-    bool keyed = false;
-    if (!Snapshot(now, newest, keyed))
+    Shown now;
+    if (!Snapshot(now))
         return;
-    for (CECEntry& line : now)
+    for (CECEntry& line : now.lines)
         line.text = vant::detail::OneLine(line.text);
     SyncPage();
-    const std::vector<CECEntry> before = std::exchange(m_lines, std::move(now));
-    const int newestBefore = std::exchange(m_newestLine, newest);
+    const CString headBefore = Summary(m_shown.total);
+    const Shown before = std::exchange(m_shown, std::move(now));
     const int firstBefore = m_scroll.First();
-    m_scroll.SetRows(static_cast<int>(m_lines.size()));
-    KeepPlace(before, firstBefore, keyed);
-    RedrawRows(before, newestBefore, firstBefore);
+    m_scroll.SetRows(static_cast<int>(m_shown.lines.size()));
+    KeepPlace(before, firstBefore);
+    RedrawRows(before, firstBefore);
+    if (m_hWnd && Summary(m_shown.total) != headBefore)
+        InvalidateRect(Dpi().ToPx(HeadRc()), FALSE);
 }
 
 /** Chooses the first row after the lines have changed: what the user reads stays where it is, unless there is
  * something new to see. */
-void CConsole::KeepPlace(const std::vector<CECEntry>& before, int firstBefore, bool keyed)
+void CConsole::KeepPlace(const Shown& before, int firstBefore)
 {
+    const bool keyed = m_shown.keyed;
     if (keyed)
         m_follow = false;
     if (m_follow)
@@ -124,36 +137,37 @@ void CConsole::KeepPlace(const std::vector<CECEntry>& before, int firstBefore, b
             return other.id == line.id && (keyed || other.text == line.text);
         });
     };
-    if (firstBefore < static_cast<int>(before.size())) {
-        const auto found = find(m_lines, before[static_cast<std::size_t>(firstBefore)]);
-        if (found != m_lines.end())
-            m_scroll.ScrollTo(static_cast<int>(found - m_lines.begin()));
+    const std::vector<CECEntry>& lines = m_shown.lines;
+    if (firstBefore < Count(before.lines)) {
+        const auto found = find(lines, before.lines[Index(firstBefore)]);
+        if (found != lines.end())
+            m_scroll.ScrollTo(static_cast<int>(found - lines.begin()));
     }
-    if (!keyed || m_newestLine < 0)
+    if (!keyed || m_shown.newest < 0)
         return;
     // Of states that change all the time only the first one is news; an alarm always is, unless it is over.
-    const CECEntry& newest = m_lines[static_cast<std::size_t>(m_newestLine)];
-    const auto known = find(before, newest);
+    const CECEntry& newest = lines[Index(m_shown.newest)];
+    const auto known = find(before.lines, newest);
     const bool isRaised = (newest.kind & kindAlarm) && newest.state >= 0;
-    if (known == before.end() || (isRaised && known->text != newest.text))
-        m_scroll.Show(m_newestLine);
+    if (known == before.lines.end() || (isRaised && known->text != newest.text))
+        m_scroll.Show(m_shown.newest);
 }
 
 /** Has the rows drawn again that differ from before. */
-void CConsole::RedrawRows(const std::vector<CECEntry>& before, int newestBefore, int firstBefore)
+void CConsole::RedrawRows(const Shown& before, int firstBefore)
 {
     if (!m_hWnd)
         return;
-    const auto was = static_cast<int>(before.size());
-    const auto is = static_cast<int>(m_lines.size());
+    const int was = Count(before.lines);
+    const int is = Count(m_shown.lines);
     const int page = m_scroll.Page();
     if (m_scroll.First() != firstBefore || (was != is && std::max(was, is) > page))
         return RedrawList();
     const auto differs = [&](int line) {
         if (line >= was || line >= is)
             return line < was || line < is;
-        const auto at = static_cast<std::size_t>(line);
-        return (line == newestBefore) != (line == m_newestLine) || !IsDrawnAlike(before[at], m_lines[at]);
+        return (line == before.newest) != (line == m_shown.newest) ||
+               !IsDrawnAlike(before.lines[Index(line)], m_shown.lines[Index(line)]);
     };
     // One row more than the page: the last one may be in view in part.
     for (int line = m_scroll.First(); line <= m_scroll.First() + page; ++line) {
@@ -164,8 +178,47 @@ void CConsole::RedrawRows(const std::vector<CECEntry>& before, int newestBefore,
 
 void CConsole::RedrawList()
 {
-    if (m_hWnd)
-        InvalidateRect(Dpi().ToPx(ListRc()), FALSE);
+    if (!m_hWnd)
+        return;
+    CRect r = ListRc();
+    r.InflateRect(frameW, frameW);
+    InvalidateRect(Dpi().ToPx(r), FALSE);
+}
+
+/** The heading: the room that every platform window leaves above its sections. */
+CRect CConsole::HeadRc() const
+{
+    CRect r = m_hWnd ? ClientRc() : CRect();
+    r.DeflateRect(margin + 2, 0);
+    r.top = org.y - ScrollPos();
+    r.bottom = r.top + hdrH;
+    return r;
+}
+
+CString CConsole::Summary(int total) const
+{
+    const int lines = Count(m_shown.lines);
+    CString text;
+    if (lines < total)
+        text.Format(L"%d of %d entries shown", lines, total);
+    else if (total == 1)
+        text = L"1 entry";
+    else
+        text.Format(L"%d entries", total);
+    return text;
+}
+
+void CConsole::DrawHead(CDC* dc) const
+{
+    CRect r = HeadRc();
+    constexpr UINT oneLine = DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS;
+    dc->SetTextColor(Vant::cyan);
+    dc->SelectObject(&Vant::boldF);
+    dc->DrawText(name, r, DT_LEFT | oneLine);
+    r.left += dc->GetTextExtent(name).cx + textLeft;
+    dc->SetTextColor(Vant::yellow);
+    dc->SelectObject(&Vant::smallF);
+    dc->DrawText(Summary(m_shown.total), r, DT_RIGHT | oneLine);
 }
 
 CRect CConsole::ListRc() const
@@ -224,9 +277,17 @@ void CConsole::Draw(CDC* dc)
     if (changed && !m_painting)
         Refresh();
     SyncPage();
+    dc->SetBkMode(TRANSPARENT);
+    const int saved = dc->SaveDC();
+    DrawHead(dc);
     const CRect list = ListRc();
-    if (list.IsRectEmpty())
-        return;
+    if (!list.IsRectEmpty())
+        DrawList(dc, list);
+    dc->RestoreDC(saved);
+}
+
+void CConsole::DrawList(CDC* dc, const CRect& list)
+{
     if (!m_font.GetSafeHandle()) {
         LOGFONTW font{};
         font.lfHeight = fontH;
@@ -235,22 +296,20 @@ void CConsole::Draw(CDC* dc)
         std::wcsncpy(font.lfFaceName, L"Courier New", std::size(font.lfFaceName) - 1);
         m_font.CreateFontIndirect(&font);
     }
-    const int saved = dc->SaveDC();
+    CRect frame = list;
+    frame.InflateRect(frameW, frameW);
+    dc->FrameRect(frame, ::GetFocus() == m_hWnd ? &Vant::medB : &Vant::greyB);
     dc->IntersectClipRect(list);
     dc->SelectObject(&m_font);
-    dc->SetBkMode(TRANSPARENT);
     const int last = std::min(m_scroll.First() + m_scroll.Page() + 1, m_scroll.Rows());
     for (int line = m_scroll.First(); line < last; ++line) {
         const CRect r = RowRc(line);
-        if (!dc->RectVisible(r))
-            continue;
-        DrawLine(dc, r, m_lines[static_cast<std::size_t>(line)]);
-        if (line == m_newestLine)
+        DrawLine(dc, r, m_shown.lines[Index(line)]);
+        if (line == m_shown.newest)
             dc->FillSolidRect(r.left, r.top + 2, markW, r.Height() - 4, Vant::cyan);
     }
     if (m_scroll.MaxFirst() > 0)
         DrawBar(dc);
-    dc->RestoreDC(saved);
 }
 
 void CConsole::DrawLine(CDC* dc, const CRect& r, const CECEntry& line)

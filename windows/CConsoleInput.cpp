@@ -9,7 +9,14 @@ namespace
 {
 
 constexpr int columnStep = 8;
-constexpr int wheelRows = 3; // per notch
+
+/** How many rows a notch of the wheel scrolls, as the user has it. */
+int WheelRows(int page)
+{
+    UINT lines = 3;
+    ::SystemParametersInfoW(SPI_GETWHEELSCROLLLINES, 0, &lines, 0);
+    return static_cast<int>(std::min<UINT>(lines, static_cast<UINT>(page)));
+}
 
 bool IsInside(HWND wnd, HWND parent)
 {
@@ -114,7 +121,7 @@ void CConsole::ShowLine(int line)
 bool CConsole::ShiftColumns(int columns)
 {
     int longest = 0;
-    for (const CECEntry& line : m_lines)
+    for (const CECEntry& line : Lines())
         longest = std::max(longest, line.text.GetLength());
     const int column = std::clamp(m_column + columns, 0, std::max(longest - 1, 0) / columnStep * columnStep);
     if (column == m_column)
@@ -168,7 +175,7 @@ BOOL CConsole::OnMouseWheel(UINT flags, short delta, CPoint point)
     }
     if (overList && m_scroll.MaxFirst() > 0) {
         m_wheelRest -= notches * WHEEL_DELTA;
-        ScrollList(m_scroll.First() - notches * wheelRows);
+        ScrollList(m_scroll.First() - notches * WheelRows(m_scroll.Page()));
         return TRUE;
     }
     m_wheelRest = 0;

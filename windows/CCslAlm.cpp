@@ -69,6 +69,16 @@ bool CCslAlm::GetSelected(unsigned long& id) const noexcept
     return m_isSel;
 }
 
+CString CCslAlm::Summary(int total) const
+{
+    const auto& lines = Lines();
+    const auto open = std::count_if(lines.begin(), lines.end(),
+                                    [](const CECEntry& line) { return line.state >= 0 && !IsChecked(line); });
+    CString text;
+    text.Format(L"%d not acknowledged, ", static_cast<int>(open));
+    return text + CConsole::Summary(total);
+}
+
 int CCslAlm::RowH() const
 {
     return rowH;

@@ -27,6 +27,7 @@ public:
     bool GetSelected(unsigned long& id) const noexcept;
 
 protected:
+    CString Summary(int total) const override;
     int RowH() const override;
     void DrawLine(CDC* dc, const CRect& r, const CECEntry& line) override;
     void OnLineClick(int line, CPoint point, bool twice) override;
