@@ -166,8 +166,8 @@ void CSetupWnd::AddMounting()
     const int left = category.leftM;
     const int beside = left + dialSize + 16;
     const int narrowCaption = 56;
-    const auto edit = [&](int y, const wchar_t* caption, double& angle, double most, const wchar_t* tip) {
-        category.SetPos(beside, y);
+    const auto edit = [&](int lineY, const wchar_t* caption, double& angle, double most, const wchar_t* tip) {
+        category.SetPos(beside, lineY);
         category.InsText(narrowCaption, caption);
         CECtrl& control = Field(*category.InsCtrl(fieldWidth - 12, CECtrl::typeEdit, angle), tip);
         control.scale = degreesPerRadian;

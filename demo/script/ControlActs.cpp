@@ -28,12 +28,12 @@ CWnd& Panel(const wchar_t* name)
 
 bool IsBeamAt(const Stage& stage, double bearing, double slope)
 {
-    const auto near = [](double radians, double degrees) {
+    const auto isAt = [](double radians, double degrees) {
         return std::abs(radians / degree - degrees) < 1e-3;
     };
     const Mounting& mounting = stage.session.playback.Mounted();
-    return near(mounting.bearing, bearing) && near(mounting.slope, slope) && near(TheDial().brg, bearing) &&
-           near(TheDial().slope, slope);
+    return isAt(mounting.bearing, bearing) && isAt(mounting.slope, slope) && isAt(TheDial().brg, bearing) &&
+           isAt(TheDial().slope, slope);
 }
 
 void TypeAngle(Stage& stage, double& angle, std::wstring_view degrees)
