@@ -63,7 +63,7 @@ void CELabel::Draw(CDC* dc)
         dc->SetTextColor(vant::detail::disabledText);
     else if (onBar || lit)
         dc->SetTextColor(vant::detail::litText);
-    if (HasFocus()) {
+    if (IsClickable() && HasFocus()) {
         if (Vant::cyanL.m_hObject)
             ::SelectObject(dc->m_hDC, Vant::cyanL.m_hObject);
         CEStyle::Brdr2(dc, r);
@@ -72,6 +72,8 @@ void CELabel::Draw(CDC* dc)
     constexpr int inset = 3;
     constexpr int barInset = 8;
     r.DeflateRect(onBar ? barInset : inset, 0);
+    if (IsClickable() && (look & lookPressed))
+        r.OffsetRect(0, 1);
     vant::detail::DrawLine(*dc, Caption(), r, align);
     NoteShown();
 }

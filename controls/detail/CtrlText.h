@@ -7,9 +7,9 @@
 namespace vant::detail
 {
 
-/** Text of a control that is disabled: readable on its skins' disabled looks (4.7 : 1), and greyer than any
- * other. */
-inline constexpr COLORREF disabledText = RGB(160, 160, 160);
+/** Text of a control that is disabled: readable on the disabled looks of all skins (4.5 : 1 or more), and
+ * greyer than any other. */
+inline constexpr COLORREF disabledText = RGB(166, 166, 166);
 
 /** Text on a face that is lit: the light grey of the styles is too faint there. */
 inline constexpr COLORREF litText = RGB(255, 255, 255);

@@ -1,0 +1,144 @@
+#include "controls/CEBtn.h"
+#include "controls/CECheck.h"
+#include "controls/CELabel.h"
+#include "controls/CEText.h"
+#include "controls/ControlsTest.h"
+
+#include <cstdlib>
+#include <filesystem>
+#include <functional>
+#include <memory>
+
+namespace
+{
+
+/** The controls in every state. With VANT_PICTURES naming a directory the sheets are saved there as PNG
+ * files, to be looked at. */
+class PicturesTest : public ControlsTest
+{
+protected:
+    enum State { Normal, Hover, Pressed, Focused, Disabled, States };
+
+    void Bring(CECtrl& ctrl, int state)
+    {
+        ctrl.state = state == Disabled ? CECtrl::stShown : CECtrl::stShown | CECtrl::stEnabled;
+        ctrl.look = state == Hover     ? int{CECtrl::lookHover}
+                    : state == Pressed ? CECtrl::lookHover | CECtrl::lookPressed
+                                       : 0;
+        if (state == Focused)
+            ctrl.SetFocus();
+        else
+            parent.SetFocus();
+    }
+
+    struct Row {
+        const char* what;
+        std::function<std::unique_ptr<CECtrl>()> make;
+        bool looks = true; ///< whether it differs with the mouse and the focus
+    };
+
+    void DrawSheet(const std::vector<Row>& rows, int dpi)
+    {
+        const CDpi scale(dpi);
+        const int width = scale.ToPx(150);
+        const int height = scale.ToPx(28);
+        Canvas sheet(width * States + scale.ToPx(10),
+                     height * static_cast<int>(rows.size()) + scale.ToPx(10));
+        sheet.Fill(Vant::back);
+        int y = scale.ToPx(6);
+        for (const Row& row : rows) {
+            const auto ctrl = row.make();
+            Open(*ctrl, dpi);
+            CRect client;
+            ctrl->GetClientRect(&client);
+            std::vector<std::unique_ptr<Canvas>> drawn;
+            for (int state = 0; state < States; ++state) {
+                Bring(*ctrl, state);
+                drawn.push_back(std::make_unique<Canvas>(client.Width(), client.Height()));
+                DrawTo(*ctrl, *drawn.back());
+                drawn.back()->CopyTo(sheet, scale.ToPx(6) + state * width, y);
+                for (int other = 0; other < state; ++other)
+                    EXPECT_EQ(drawn[static_cast<std::size_t>(other)]->SameAs(*drawn.back()),
+                              !row.looks && state != Disabled)
+                        << row.what << " " << other << " " << state << " at " << dpi;
+            }
+            y += height;
+        }
+        if (const wchar_t* dir = ::_wgetenv(L"VANT_PICTURES"))
+            sheet.Save(std::filesystem::path(dir) / (L"controls-" + std::to_wstring(dpi) + L".png"));
+    }
+};
+
+int none = 0, some = 1, all = 3;
+double depth = 1234.56;
+Listener listener;
+
+template <class T>
+std::unique_ptr<T> Make(const wchar_t* text)
+{
+    auto ctrl = std::make_unique<T>();
+    ctrl->rc = CRect(0, 0, 140, 20);
+    ctrl->Init(text);
+    return ctrl;
+}
+
+std::unique_ptr<CECheck> Box(const wchar_t* text, int& bits, int mark)
+{
+    auto box = Make<CECheck>(text);
+    box->Init(bits);
+    box->aux0 = 3;
+    box->mark = mark;
+    return box;
+}
+
+std::unique_ptr<CELabel> Label(const wchar_t* text, int bar, bool clickable)
+{
+    auto label = Make<CELabel>(text);
+    label->bar = bar;
+    if (clickable)
+        label->SetCallback(&listener, Listener::Member());
+    return label;
+}
+
+std::unique_ptr<CEText> ReadOut(int framed, int alarm, UINT align)
+{
+    auto text = Make<CEText>(L"");
+    text->Init(depth);
+    text->units = 0;
+    text->decimals = 2;
+    text->framed = framed;
+    text->alarm = alarm;
+    text->align = align;
+    return text;
+}
+
+} // namespace
+
+TEST_F(PicturesTest, EveryStateIsSeenAtEveryScale)
+{
+    const std::vector<Row> rows = {
+        {"button", [] { return Make<CEBtn>(L"Start jig gypsy"); }},
+        {"long button", [] { return Make<CEBtn>(L"Start all of the recordings"); }},
+        {"latched button",
+         [] {
+             auto btn = Make<CEBtn>(L"Recording");
+             btn->Init(some);
+             return btn;
+         }},
+        {"clear box", [] { return Box(L"Show gypsy track", none, CECheck::markBox); }},
+        {"set box", [] { return Box(L"Show waypoints", all, CECheck::markBox); }},
+        {"partly set box", [] { return Box(L"Show layers of all the areas", some, CECheck::markBox); }},
+        {"closed branch", [] { return Box(L"Closed", none, CECheck::markBranch); }},
+        {"open branch", [] { return Box(L"Open", all, CECheck::markBranch); }},
+        {"label", [] { return Label(L"Sonar settings", CELabel::barNone, false); }, false},
+        {"clickable label", [] { return Label(L"Sonar settings", CELabel::barNone, true); }},
+        {"caption", [] { return Label(L"Sonar settings", CELabel::barCaption, false); }, false},
+        {"category", [] { return Label(L"Sonar settings", CELabel::barCategory, true); }},
+        {"text", [] { return Make<CEText>(L"Depth below keel, gypsy, much longer"); }, false},
+        {"value", [] { return ReadOut(0, 0, DT_RIGHT); }, false},
+        {"read-out", [] { return ReadOut(1, 0, DT_RIGHT); }, false},
+        {"alarm", [] { return ReadOut(1, 1, DT_CENTER); }, false},
+    };
+    for (const int dpi : {96, 144, 192})
+        DrawSheet(rows, dpi);
+}
