@@ -1,0 +1,247 @@
+#include "controls/CEBtn.h"
+#include "controls/CECheck.h"
+#include "controls/CEText.h"
+#include "controls/WndTest.h"
+#include "platform/PlatformTest.h"
+
+#include <map>
+
+namespace
+{
+
+using testing::ElementsAre;
+
+constexpr int btn = CECtrl::typeBtn;
+
+class CVantWndInput : public WndTest
+{
+protected:
+    static void MoveMouseOver(CWnd& wnd) { wnd.SendMessage(WM_MOUSEMOVE, 0, MAKELPARAM(3, 3)); }
+
+    /** A window of the system beside the platform's. */
+    static HWND Other(DWORD style)
+    {
+        const HWND wnd = ::CreateWindowExW(0, L"STATIC", L"", WS_CHILD | style, 0, 0, 10, 10, Parent(),
+                                           nullptr, nullptr, nullptr);
+        ::SetFocus(wnd);
+        return wnd;
+    }
+    static HWND Parent()
+    {
+        static const HWND parent = ::CreateWindowExW(0, L"STATIC", L"", WS_POPUP | WS_VISIBLE, 0, 0, 50, 50,
+                                                     nullptr, nullptr, nullptr, nullptr);
+        return parent;
+    }
+    static void Key(UINT key) { Type(key); }
+    static void ShiftTab()
+    {
+        BYTE keys[256] = {};
+        keys[VK_SHIFT] = 0x80;
+        ::SetKeyboardState(keys);
+        Type(VK_TAB);
+        keys[VK_SHIFT] = 0;
+        ::SetKeyboardState(keys);
+    }
+};
+
+/** A window as tall as twenty lines of one button each. */
+class TallWnd : public RecordingWnd
+{
+public:
+    TallWnd()
+    {
+        CCtrlCat& cat = *GetCat(L"Lines", kindStacked, 1, 0);
+        for (int i = 0; i < 20; ++i) {
+            lines.push_back(cat.InsCtrl(60, btn, L"x"));
+            cat.NewLn();
+        }
+        corner = GetCat(L"Corner", anchorTopRight, 0, 0)->InsCtrl(60, btn, L"y");
+    }
+    bool HasBar() const { return (GetStyle() & WS_VSCROLL) != 0; }
+    std::vector<CECtrl*> lines;
+    CECtrl* corner;
+    // 24 above the section and 24 for its header; 10 to the first of twenty lines of 24.
+    static constexpr int content = 24 + 24 + 10 + 20 * 24;
+    // The last button, 20 high and 18 below the section's top, ends before that.
+    static constexpr int lastBottom = 24 + 18 + 10 + 19 * 24 + 20;
+};
+
+} // namespace
+
+TEST_F(CVantWndInput, MouseBringsTheFocusUnlessItIsKept)
+{
+    const ScreenLock screen;
+    RecordingWnd wnd;
+    wnd.CreatePopup();
+    wnd.ShowWindow(SW_SHOW);
+    vant::test::PumpPending();
+
+    ::SetFocus(nullptr);
+    MoveMouseOver(wnd);
+    EXPECT_EQ(::GetFocus(), wnd.m_hWnd) << "no window has it";
+
+    Other(0);
+    MoveMouseOver(wnd);
+    EXPECT_EQ(::GetFocus(), wnd.m_hWnd) << "another one has it";
+
+    const HWND keeper = Other(0x80);
+    MoveMouseOver(wnd);
+    EXPECT_EQ(::GetFocus(), keeper) << "one that keeps it";
+
+    ::SetFocus(Parent());
+    MoveMouseOver(wnd);
+    EXPECT_EQ(::GetFocus(), Parent()) << "a pop-up has it";
+
+    const HWND plain = Other(0);
+    CVantWnd::s_inhibitFocus = 1;
+    MoveMouseOver(wnd);
+    EXPECT_EQ(::GetFocus(), plain) << "inhibited";
+    CVantWnd::s_inhibitFocus = 0;
+    MoveMouseOver(wnd);
+    EXPECT_EQ(::GetFocus(), wnd.m_hWnd);
+}
+
+TEST_F(CVantWndInput, TabGoesThroughAllControlsAndWindows)
+{
+    const ScreenLock screen;
+    RecordingWnd wnd;
+    CCtrlCat& cat = *wnd.GetCat(L"Section", CCtrlCat::kindStacked, 1, 0);
+    std::map<HWND, std::wstring> names;
+    const auto insert = [](CCtrlCat& into, const wchar_t* label) { return into.InsCtrl(20, btn, label); };
+    std::vector<CECtrl*> ctrls = {insert(cat, L"in section")};
+    ctrls.push_back(insert(wnd, L"own"));
+    CECtrl* const off = insert(wnd, L"disabled");
+    off->state = CECtrl::stShown;
+    CECtrl* const hidden = insert(wnd, L"hidden");
+    hidden->state = CECtrl::stEnabled;
+    wnd.InsText(20, L"text");
+    ctrls.push_back(insert(wnd, L"own 2"));
+    wnd.CreatePopup();
+    RecordingWnd child;
+    ctrls.push_back(insert(child, L"in child"));
+    child.CreateChild(wnd, {200, 0, 300, 100});
+    RecordingWnd sibling;
+    ctrls.push_back(insert(sibling, L"in sibling"));
+    sibling.CreateChild(wnd, {300, 0, 400, 100});
+    RecordingWnd unseen;
+    insert(unseen, L"in unseen");
+    unseen.CreateChild(wnd, {300, 100, 400, 200});
+    unseen.ShowWindow(SW_HIDE);
+    wnd.ShowWindow(SW_SHOW);
+    vant::test::PumpPending();
+    for (const CECtrl* ctrl : ctrls)
+        names[ctrl->m_hWnd] = ctrl->text;
+    const auto walk = [&](bool back) {
+        std::wstring order;
+        wnd.SetFocus();
+        for (int i = 0; i < 7; ++i) {
+            if (back)
+                ShiftTab();
+            else
+                Key(VK_TAB);
+            const HWND focus = ::GetFocus();
+            order += (names.contains(focus) ? names[focus] : std::wstring(L"box")) + L", ";
+        }
+        return order;
+    };
+    EXPECT_EQ(walk(false), L"own, own 2, box, in section, in child, in sibling, own, ");
+    EXPECT_EQ(walk(true), L"in sibling, in child, in section, box, own 2, own, in sibling, ");
+
+    cat.expanded = 0;
+    wnd.LayoutWnd();
+    EXPECT_EQ(walk(false), L"own, own 2, box, in child, in sibling, own, own 2, ");
+
+    // Without the keyboard; within one window only.
+    EXPECT_EQ(child.NextCtrl(ctrls[3], false), static_cast<CWnd*>(ctrls[3]));
+    EXPECT_EQ(wnd.NextCtrl(ctrls[3], false), static_cast<CWnd*>(ctrls[4]));
+    EXPECT_EQ(wnd.NextCtrl(nullptr, true), static_cast<CWnd*>(ctrls[4]));
+    RecordingWnd empty;
+    EXPECT_EQ(empty.NextCtrl(nullptr, false), nullptr);
+    empty.CreatePopup();
+    EXPECT_EQ(empty.NextCtrl(nullptr, false), nullptr);
+}
+
+TEST_F(CVantWndInput, TallContentScrolls)
+{
+    TallWnd wnd;
+    wnd.CreatePopup(400, 1000);
+    EXPECT_FALSE(wnd.HasBar());
+    wnd.MoveWindow(0, 0, 400, 200);
+    ASSERT_TRUE(wnd.HasBar());
+    CRect client;
+    wnd.GetClientRect(&client);
+    EXPECT_LT(client.right, 400);
+    EXPECT_EQ(PlaceOf(*wnd.corner).right, client.right - 5 - 72 + 70) << "beside the bar";
+    constexpr int last = TallWnd::content - 200;
+    SCROLLINFO info{};
+    wnd.GetScrollInfo(SB_VERT, &info);
+    EXPECT_EQ(info.nMax, TallWnd::content - 1);
+    EXPECT_EQ(info.nPage, 200u);
+
+    const CRect firstLine = PlaceOf(*wnd.lines[0]);
+    const CRect anchored = PlaceOf(*wnd.corner);
+    wnd.ScrollTo(50);
+    EXPECT_EQ(PlaceOf(*wnd.lines[0]), firstLine - CPoint(0, 50));
+    EXPECT_EQ(PlaceOf(*wnd.corner), anchored);
+    EXPECT_EQ(wnd.GetScrollPos(SB_VERT), 50);
+    EXPECT_EQ(wnd.GetMgrY(), TallWnd::content - 50);
+
+    const auto posAfter = [&](UINT message, WPARAM wParam) {
+        wnd.SendMessage(message, wParam);
+        return wnd.ScrollPos();
+    };
+    const struct {
+        UINT message;
+        WPARAM wParam;
+        int pos;
+    } steps[] = {
+        {WM_KEYDOWN, VK_HOME, 0},
+        {WM_KEYDOWN, VK_UP, 0},
+        {WM_KEYDOWN, VK_DOWN, 24},
+        {WM_KEYDOWN, VK_NEXT, 24 + 176},
+        {WM_KEYDOWN, VK_PRIOR, 24},
+        {WM_KEYDOWN, VK_END, last},
+        {WM_KEYDOWN, VK_NEXT, last},
+        {WM_VSCROLL, SB_LINEUP, last - 24},
+        {WM_VSCROLL, SB_PAGEUP, last - 24 - 176},
+        {WM_VSCROLL, MAKEWPARAM(SB_THUMBTRACK, 33), 33},
+        {WM_VSCROLL, MAKEWPARAM(SB_THUMBPOSITION, 34), 34},
+        {WM_VSCROLL, SB_ENDSCROLL, 34},
+        {WM_MOUSEWHEEL, MAKEWPARAM(0, static_cast<WORD>(-120)), 34 + 72},
+        {WM_MOUSEWHEEL, MAKEWPARAM(0, 40), 34 + 48},
+        {WM_MOUSEWHEEL, MAKEWPARAM(0, 5), 34 + 45},
+        {WM_VSCROLL, SB_BOTTOM, last},
+    };
+    for (const auto& step : steps)
+        EXPECT_EQ(posAfter(step.message, step.wParam), step.pos) << step.message << " " << step.wParam;
+
+    // What becomes smaller takes the offset and the bar with it.
+    wnd.MoveWindow(0, 0, 400, 300);
+    EXPECT_EQ(wnd.ScrollPos(), TallWnd::content - 300);
+    wnd.GetCat(L"Lines", 0, 0, 0)->expanded = 0;
+    wnd.LayoutWnd();
+    EXPECT_EQ(wnd.ScrollPos(), 0);
+    EXPECT_FALSE(wnd.HasBar());
+    EXPECT_EQ(posAfter(WM_KEYDOWN, VK_END), 0);
+}
+
+TEST_F(CVantWndInput, TabBringsTheControlIntoView)
+{
+    const ScreenLock screen;
+    TallWnd wnd;
+    wnd.CreatePopup(400, 200);
+    wnd.ShowWindow(SW_SHOW);
+    vant::test::PumpPending();
+    const auto tabTo = [&](int line) {
+        const CECtrl* const from = wnd.lines[static_cast<std::size_t>(line - 1)];
+        wnd.SetFocus();
+        ::SetFocus(from->m_hWnd);
+        Key(VK_TAB);
+        EXPECT_EQ(::GetFocus(), wnd.lines[static_cast<std::size_t>(line)]->m_hWnd);
+        return PlaceOf(*wnd.lines[static_cast<std::size_t>(line)]);
+    };
+    EXPECT_EQ(tabTo(19).bottom, 200);
+    EXPECT_EQ(wnd.ScrollPos(), TallWnd::lastBottom - 200);
+    EXPECT_EQ(tabTo(15).top, 200 - 20 - 4 * 24) << "in view already";
+    EXPECT_EQ(tabTo(2).top, 0);
+}
