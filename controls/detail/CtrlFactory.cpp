@@ -2,7 +2,9 @@
 
 #include "controls/CEBtn.h"
 #include "controls/CECheck.h"
+#include "controls/CEEdit.h"
 #include "controls/CELabel.h"
+#include "controls/CERadius.h"
 #include "controls/CEText.h"
 #include "controls/CEWnd.h"
 
@@ -29,8 +31,10 @@ struct Entry {
 };
 
 constexpr Entry classes[] = {
-    {CECtrl::typeText, Make<CEText>},   {CECtrl::typeLabel, Make<CELabel>}, {CECtrl::typeBtn, Make<CEBtn>},
-    {CECtrl::typeCheck, Make<CECheck>}, {CECtrl::typeWnd, Make<CEWnd>},
+    {CECtrl::typeText, Make<CEText>},     {CECtrl::typeLabel, Make<CELabel>},
+    {CECtrl::typeEdit, Make<CEEdit>},     {CECtrl::typeBtn, Make<CEBtn>},
+    {CECtrl::typeCheck, Make<CECheck>},   {CECtrl::typeWnd, Make<CEWnd>},
+    {CECtrl::typeRadius, Make<CERadius>},
 };
 
 } // namespace
