@@ -10,6 +10,19 @@
 
 namespace demo
 {
+namespace
+{
+
+int UnacknowledgedAlarms()
+{
+    const CSingleLock guard(&Vant::alarm.entryLock, TRUE);
+    int count = 0;
+    for (CVantPtr* pos = Vant::alarm.entries.GetHeadPos(); pos;)
+        count += Vant::alarm.entries.GetNext(pos)->kind & CConsole::kindChecked ? 0 : 1;
+    return count;
+}
+
+} // namespace
 
 void CBridge::AddPanels()
 {
@@ -30,10 +43,11 @@ void CBridge::AddDocks()
     const auto add = [this](const wchar_t* title, CVantWnd& guest, CDockWnd::Tell tell) {
         m_docks.push_back(std::make_unique<CDockWnd>(title, guest, m_session, m_looks, std::move(tell)));
     };
-    add(L"ALARMS", Vant::alarm, [this] {
-        const AlarmWatch& alarms = m_session.playback.Alarms();
-        const bool isOn = std::ranges::any_of(alarmIds, [&](AlarmId id) { return alarms.IsOn(id); });
-        return CDockWnd::Caption{L"acknowledge with a click", isOn ? Lamp::Red : Lamp::Green};
+    add(L"ALARMS", Vant::alarm, [] {
+        const int open = UnacknowledgedAlarms();
+        return CDockWnd::Caption{open > 0 ? std::to_wstring(open) + L" to be acknowledged"
+                                          : L"all acknowledged",
+                                 open > 0 ? Lamp::Red : Lamp::Green};
     });
     add(L"CONSOLE", Vant::csl, [] { return CDockWnd::Caption{L"Logs\\Console.csv", std::nullopt}; });
     add(L"SENTENCES", Vant::comms, [this] {
@@ -48,6 +62,9 @@ void CBridge::AddDocks()
 bool CBridge::OpenParts()
 {
     m_looks.dpi = Dpi();
+    // The docks' captions tell what the consoles' own headings would.
+    for (CConsole* const console : std::initializer_list<CConsole*>{&Vant::alarm, &Vant::csl, &Vant::comms})
+        console->hdrH = 0;
     const auto open = [this](const auto& panel) { return panel->Open(*this); };
     const auto openDock = [this](const auto& dock) { return dock->Open(*this, 0); };
     return std::ranges::all_of(m_panels, open) && std::ranges::all_of(m_docks, openDock);

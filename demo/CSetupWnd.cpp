@@ -78,7 +78,7 @@ void CSetupWnd::UpdateLabels()
 {
     const Mounting& mounting = m_session.settings.mounting;
     m_limitUnit->SetText(UnitText(lengthUnit).c_str());
-    m_mountingText = (L"depth \u00D7 " + FixedText(mounting.DepthPart(), 3) + L" of the beam").c_str();
+    m_mountingText = (L"depth \u00D7 " + FixedText(mounting.DepthPart(), 3)).c_str();
     m_dial->brg = mounting.bearing;
     m_dial->slope = mounting.slope;
 }

@@ -1,5 +1,6 @@
 #include "demo/Session.h"
 
+#include "demo/detail/Text.h"
 #include "platform/Vant.h"
 #include "values/EUnits.h"
 
@@ -14,7 +15,7 @@ constexpr unsigned silent = 0x20; // of Vant::options: no sound at all
 
 View Session::Shown() const
 {
-    return {playback,           values, tape.Duration(), rate, paused != 0, source, settings.headingUp != 0,
+    return {playback,           values, tape.Duration(), rate, paused != 0, origin, settings.headingUp != 0,
             settings.depthSpan, alarms};
 }
 
@@ -25,6 +26,8 @@ void Session::Apply()
     watch.SetShallowLimit(settings.shallowLimit);
     watch.SetLongestSearch(settings.lostFix);
     playback.SetMounting(settings.mounting);
+    origin = source + L" of " + static_cast<LPCWSTR>(settings.sensor) + L" at " +
+             AddressText(settings.address, settings.port);
     Vant::options = settings.sound ? Vant::options & ~silent : Vant::options | silent;
 }
 

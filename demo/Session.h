@@ -21,17 +21,18 @@ struct Session {
     Playback& playback;
     DemoSettings& settings;
     CRunLog& log;
-    std::wstring source;   ///< name of the log, as it is shown
+    std::wstring source;   ///< name of the log
     double seconds = 0.0;  ///< how long the window stays open; 0 until it is closed
     double rate = 1.0;     ///< seconds of the tape in a second
     bool scripted = false; ///< the program tries its own controls
     CString outDir;        ///< where pictures go, with a backslash at the end
 
     ShownValues values{};
+    std::wstring origin; ///< where the sentences come from, as it is shown
     int paused = 0;
     std::size_t alarms = 0; ///< how many have begun
     std::size_t frames = 0;
-    bool failed = false;    ///< the script did
+    bool failed = false; ///< the script did
     bool pictureSaved = false;
 
     /** What the panels show now. */

@@ -17,9 +17,10 @@ constexpr int fieldWidth = 70;
 constexpr int unitWidth = 60;
 constexpr int rowWidth = captionWidth + fieldWidth + unitWidth;
 constexpr int wideField = fieldWidth + unitWidth;
+constexpr int addressWidth = 184; // leaves room for three digits in each of its fields
 constexpr int buttonWidth = 62;
-constexpr int dialSize = 100;
-constexpr int nextToDial = 26; // the lines beside the dial are this far apart
+constexpr int dialSize = 120;
+constexpr int lineHeight = 25;
 
 constexpr double degreesPerRadian = 1.0 / degree;
 constexpr double fullTurn = 360.0; // degrees
@@ -29,7 +30,9 @@ constexpr double upright = 90.0;
 
 CCtrlCat& CSetupWnd::Category(const wchar_t* title)
 {
-    return *GetCat(title, CCtrlCat::kindStacked, 1, 0);
+    CCtrlCat& category = *GetCat(title, CCtrlCat::kindStacked, 1, 0);
+    category.hdrH = lineHeight;
+    return category;
 }
 
 CECtrl& CSetupWnd::Field(CECtrl& control, const wchar_t* tip)
@@ -136,10 +139,10 @@ void CSetupWnd::AddSensor()
          wideField);
     category.NewLn();
 
-    category.InsText(captionWidth, L"Network address");
+    category.InsText(rowWidth - addressWidth, L"Address");
     CEAddr* const address = new CEAddr; // the category's from here on
     address->Init(settings.address);
-    category.InsCtrl(wideField, address, idAddress);
+    category.InsCtrl(addressWidth, address, idAddress);
     Field(*address, L"Where the instrument is in the network. A point goes on to the next number.");
     category.NewLn();
 
@@ -175,10 +178,12 @@ void CSetupWnd::AddMounting()
         control.SetRange(0.0, most);
         category.InsText(12, L"\u00B0");
     };
-    edit(top + 8, L"Bearing", mounting.bearing, fullTurn, L"Bearing of the beam, clockwise from the bow.");
-    edit(top + 8 + nextToDial, L"Slope", mounting.slope, upright,
+    const int middle = top + dialSize / 2 - lineHeight / 2;
+    edit(middle - lineHeight, L"Bearing", mounting.bearing, fullTurn,
+         L"Bearing of the beam, clockwise from the bow.");
+    edit(middle, L"Slope", mounting.slope, upright,
          L"Slope of the beam below the horizontal; 90 is straight down.");
-    category.SetPos(beside, top + 8 + 2 * nextToDial);
+    category.SetPos(beside, middle + lineHeight);
     category.InsCtrl(rowWidth - (beside - left), CECtrl::typeText, m_mountingText);
     category.SetPos(left, top + dialSize + 4);
 }

@@ -1,5 +1,7 @@
 #include "demo/detail/Layout.h"
 
+#include <span>
+
 namespace demo
 {
 namespace
@@ -19,7 +21,9 @@ constexpr int setupWidth = 332;    // of the sections' headers and a frame
 constexpr double dockShare = 0.17; // of the whole height
 constexpr int leastDock = 96;
 constexpr int mostDock = 240;
-constexpr double dockShares[] = {0.36, 0.28}; // of the instruments' width, the last one takes the rest
+constexpr double threeShares[] = {0.36, 0.28, 0.36}; // of the instruments' width
+constexpr double twoShares[] = {0.48, 0.52};
+constexpr int setupHeight = 690; // of all sections, open, and the caption
 
 void PlaceInstruments(Layout& layout, const Box& area) noexcept
 {
@@ -42,14 +46,14 @@ void PlaceInstruments(Layout& layout, const Box& area) noexcept
                             static_cast<double>(area.Height()) / instrumentHeight);
 }
 
-void PlaceDocks(Layout& layout, const Box& area) noexcept
+void PlaceDocks(std::span<Box> docks, const Box& area, std::span<const double> shares) noexcept
 {
-    const int inner = area.Width() - 2 * gap;
+    const int inner = area.Width() - static_cast<int>(docks.size() - 1) * gap;
     int left = area.left;
-    for (std::size_t i = 0; i < layout.docks.size(); ++i) {
-        const bool isLast = i + 1 == layout.docks.size();
-        const int right = isLast ? area.right : left + static_cast<int>(inner * dockShares[i]);
-        layout.docks[i] = {left, area.top, right, area.bottom};
+    for (std::size_t i = 0; i < docks.size(); ++i) {
+        const bool isLast = i + 1 == docks.size();
+        const int right = isLast ? area.right : left + static_cast<int>(inner * shares[i]);
+        docks[i] = {left, area.top, right, area.bottom};
         left = right + gap;
     }
 }
@@ -72,7 +76,16 @@ Layout Layout::Of(int width, int height) noexcept
 
     const int right = layout.setup.left - gap;
     const int dock = std::clamp(static_cast<int>(height * dockShare), leastDock, mostDock);
-    PlaceDocks(layout, {gap, bottom - dock, right, bottom});
+    const Box row{gap, bottom - dock, right, bottom};
+    if (layout.setup.Height() >= setupHeight + gap + leastDock) {
+        Box& below = layout.docks.back();
+        below = layout.setup;
+        layout.setup.bottom = below.top + setupHeight;
+        below.top = layout.setup.bottom + gap;
+        PlaceDocks(std::span(layout.docks).first(2), row, twoShares);
+    } else {
+        PlaceDocks(layout.docks, row, threeShares);
+    }
     PlaceInstruments(layout, {gap, top, right, bottom - dock - gap});
     return layout;
 }

@@ -105,4 +105,12 @@ std::wstring DurationText(double seconds)
     return std::to_wstring(whole / 3600) + L':' + Padded(whole / 60 % 60, 2) + tail;
 }
 
+std::wstring AddressText(unsigned long address, int port)
+{
+    std::wstring text;
+    for (int i = 0; i < 4; ++i)
+        text += (i > 0 ? L"." : L"") + std::to_wstring(address >> (8 * i) & 0xFFU);
+    return text + L":" + std::to_wstring(port);
+}
+
 } // namespace demo

@@ -27,4 +27,7 @@ std::wstring ClockText(double seconds);
 /** A length of time in seconds: "3:20", "1:02:03". */
 std::wstring DurationText(double seconds);
 
+/** An address in a network with its port: "192.168.0.40:10110". The first number is the lowest byte. */
+std::wstring AddressText(unsigned long address, int port);
+
 } // namespace demo
