@@ -57,9 +57,11 @@ void PaintHeader(CPainter& painter, const Box& box, const View& view)
     const double left = box.left + painter.U(18);
     const int middle = box.CentreY();
     painter.Text(left, middle - painter.U(1), Align::Left, fonts.title, colours.text, L"Survey instruments");
-    painter.Text(left, middle + painter.U(17), Align::Left, fonts.note, colours.label,
-                 L"VantCore " + std::wstring(static_cast<LPCWSTR>(Vant::swVer)) + L", playing " +
-                     std::wstring(view.source));
+    const double clockLeft = box.CentreX() - painter.TextWidth(fonts.clock, ClockText(0.0)) / 2.0;
+    painter.TextWithin(left, middle + painter.U(17), clockLeft - left - painter.U(8), fonts.note,
+                       colours.label,
+                       L"VantCore " + std::wstring(static_cast<LPCWSTR>(Vant::swVer)) + L", playing " +
+                           std::wstring(view.source));
 
     const Freshness state = view.playback.State(Quantity::UtcTime);
     const double seen = view.playback.Value(Quantity::UtcTime);
@@ -105,6 +107,9 @@ void PaintFooter(CPainter& painter, const Box& box, const View& view)
     painter.Solid(box, painter.Colours().back);
     for (const Key& key : keys) {
         const int width = std::max(painter.TextWidth(fonts.caption, key.key) + 2 * padding, capHeight);
+        const int end = x + width + painter.U(6) + painter.TextWidth(fonts.note, key.meaning);
+        if (end > box.right) // a narrow window does without the last ones
+            break;
         painter.Skin({x, top, x + width, top + capHeight}, Vant::grad1, skins::grad1::face);
         painter.Text(x + width / 2.0, baseline, Align::Centre, fonts.caption, painter.Colours().text,
                      key.key);

@@ -53,7 +53,7 @@ void CBridge::GoToNextWindow()
     // The bridge itself, then the set-up and the consoles.
     std::vector<CWnd*> windows{this, &m_setup};
     for (const auto& dock : m_docks)
-        if (&dock->Guest() != &m_setup)
+        if (&dock->Guest() != &m_setup && dock->IsWindowVisible())
             windows.push_back(&dock->Guest());
     const HWND focus = ::GetFocus();
     std::size_t current = 0;

@@ -5,8 +5,10 @@
 #include "demo/detail/Layout.h"
 #include "platform/Vant.h"
 #include "windows/CConsole.h"
+
 #include "windows/CCslAlm.h"
 #include "windows/CCslComms.h"
+#include <algorithm>
 
 namespace demo
 {
@@ -43,11 +45,15 @@ void CBridge::AddDocks()
     const auto add = [this](const wchar_t* title, CVantWnd& guest, CDockWnd::Tell tell) {
         m_docks.push_back(std::make_unique<CDockWnd>(title, guest, m_session, m_looks, std::move(tell)));
     };
-    add(L"ALARMS", Vant::alarm, [] {
+    add(L"ALARMS", Vant::alarm, [this] {
+        const AlarmWatch& alarms = m_session.playback.Alarms();
+        const bool isOn = std::ranges::any_of(alarmIds, [&](AlarmId id) { return alarms.IsOn(id); });
         const int open = UnacknowledgedAlarms();
         return CDockWnd::Caption{open > 0 ? std::to_wstring(open) + L" to be acknowledged"
                                           : L"all acknowledged",
-                                 open > 0 ? Lamp::Red : Lamp::Green};
+                                 isOn       ? Lamp::Red
+                                 : open > 0 ? Lamp::Amber
+                                            : Lamp::Green};
     });
     add(L"CONSOLE", Vant::csl, [] { return CDockWnd::Caption{L"Logs\\Console.csv", std::nullopt}; });
     add(L"SENTENCES", Vant::comms, [this] {
@@ -82,7 +88,10 @@ void CBridge::LayoutWnd(int quiet)
     const Box* const places[] = {&layout.header, &layout.alarms,  &layout.depth,
                                  &layout.track,  &layout.heading, &layout.position,
                                  &layout.wind,   &layout.motion,  &layout.footer};
-    const auto place = [this](CWnd& part, const Box& box) { part.MoveWindow(m_looks.dpi.ToPx(RectOf(box))); };
+    const auto place = [this](CWnd& part, const Box& box) {
+        part.ShowWindow(box.Width() > 0 ? SW_SHOWNA : SW_HIDE);
+        part.MoveWindow(m_looks.dpi.ToPx(RectOf(box)));
+    };
     for (std::size_t i = 0; i < m_panels.size(); ++i)
         place(*m_panels[i], *places[i]);
     for (std::size_t i = 0; i < layout.docks.size(); ++i)

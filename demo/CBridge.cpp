@@ -146,8 +146,8 @@ void CBridge::ReportEvents()
         m_session.alarms += event.begins ? 1 : 0;
         if (event.begins && event.id == AlarmId::ShallowWater && !m_warned) {
             m_warned = true;
-            Vant::MsgBox(Vant::msgWarnIcon, L"Shallow water\n%s\nThis message closes itself.",
-                         ShallowText(event.value, alarms.ShallowLimit()).c_str());
+            Vant::MsgBox(Vant::msgWarnIcon, L"Shallow water!\nThe depth is %s,\nthe limit %s.",
+                         DepthText(event.value).c_str(), DepthText(alarms.ShallowLimit()).c_str());
         }
     }
     if (m_session.playback.AtEnd() && !m_atEnd) {

@@ -67,6 +67,17 @@ int CPainter::TextWidth(CFont& font, std::wstring_view text)
     return m_dc.GetTextExtent(text.data(), static_cast<int>(text.size())).cx;
 }
 
+void CPainter::TextWithin(double x, double baseline, double room, CFont& font, COLORREF colour,
+                          std::wstring_view text)
+{
+    std::wstring shown(text);
+    while (!text.empty() && TextWidth(font, shown) > room) {
+        text.remove_suffix(1);
+        shown = std::wstring(text) + L"\u2026";
+    }
+    Text(x, baseline, Align::Left, font, colour, shown);
+}
+
 void CPainter::Value(double x, double baseline, Align align, CFont& font, const Figure& figure)
 {
     // The degree sign belongs to the figure and stands as high; what follows is a unit like any other.
@@ -148,8 +159,11 @@ Box CPainter::Panel(const Box& box, std::wstring_view title, std::wstring_view n
     }
 
     const int baseline = caption.bottom - U(8);
-    Text(caption.left + U(12), baseline, Align::Left, m_fonts.caption, m_palette.text, title);
-    Text(right - U(8), baseline, Align::Right, m_fonts.note, m_palette.label, note);
+    const int left = caption.left + U(12);
+    Text(left, baseline, Align::Left, m_fonts.caption, m_palette.text, title);
+    const int noteLeft = right - U(8) - TextWidth(m_fonts.note, note);
+    if (noteLeft >= left + TextWidth(m_fonts.caption, title) + U(8)) // else it would stand on the title
+        Text(noteLeft, baseline, Align::Left, m_fonts.note, m_palette.label, note);
     return {box.left + 1, caption.bottom, box.right - 1, box.bottom - 1};
 }
 

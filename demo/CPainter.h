@@ -63,6 +63,10 @@ public:
     void Text(double x, double baseline, Align align, CFont& font, COLORREF colour, std::wstring_view text);
     int TextWidth(CFont& font, std::wstring_view text);
 
+    /** Writes text from `x` on, no wider than `room`: an ellipsis takes the place of what does not fit. */
+    void TextWithin(double x, double baseline, double room, CFont& font, COLORREF colour,
+                    std::wstring_view text);
+
     /** Writes a value and, smaller, its unit, both aligned as one. Stale values are greyed, missing ones too.
      */
     void Value(double x, double baseline, Align align, CFont& font, const Figure& figure);

@@ -12,7 +12,8 @@ namespace demo
 namespace
 {
 
-constexpr double leastTextScale = 0.92; // small text stops shrinking before the rest
+constexpr double leastTextScale = 0.92; // small text stops shrinking before the rest, at so many pixels,
+constexpr double leastOnMonitor = 0.70; // and on a fine monitor at so much of its own size
 
 void MakeFont(CFont& font, double pixels, LONG weight = FW_NORMAL)
 {
@@ -39,7 +40,7 @@ void FontSet::Make(double scale, CDpi dpi)
     MakeFont(dial, 50.0 * pixels);
     MakeFont(big, 36.0 * pixels);
     MakeFont(value, 21.0 * pixels);
-    const double readable = std::max(pixels, leastTextScale);
+    const double readable = std::max({pixels, leastTextScale, leastOnMonitor * monitor});
     MakeFont(label, 14.0 * readable);
     MakeFont(small, 12.0 * readable);
 

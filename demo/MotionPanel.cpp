@@ -23,7 +23,7 @@ void PaintMotion(CPainter& painter, const Box& box, const View& view)
          values.KnotsText(Quantity::SpeedThroughWater)},
         {L"true wind", ShowFromBow(playback, Quantity::TrueWindAngle),
          values.KnotsText(Quantity::TrueWindSpeed)},
-        {L"water temperature", Show(view, Quantity::WaterTemperature), L""},
+        {L"temperature", Show(view, Quantity::WaterTemperature), L""},
     };
     const int halfWidth = inside.Width() / 2;
     const int halfHeight = inside.Height() / 2;

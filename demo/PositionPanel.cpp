@@ -55,8 +55,10 @@ void PaintPosition(CPainter& painter, const Box& box, const View& view)
     };
     double middle = inside.top + row / 2.0;
     for (const auto& r : rows) {
-        painter.Text(left, middle + drop, Align::Left, painter.Fonts().small, painter.Colours().label,
-                     r.name);
+        const double room = right - left - painter.TextWidth(painter.Fonts().big, r.text);
+        if (painter.TextWidth(painter.Fonts().small, r.name) < room)
+            painter.Text(left, middle + drop, Align::Left, painter.Fonts().small, painter.Colours().label,
+                         r.name);
         painter.Value(right, middle + drop, Align::Right, painter.Fonts().big, {r.text, L"", state});
         middle += row;
     }

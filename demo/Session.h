@@ -28,7 +28,7 @@ struct Session {
     CString outDir;        ///< where pictures go, with a backslash at the end
 
     ShownValues values{};
-    std::wstring origin; ///< where the sentences come from, as it is shown
+    std::wstring origin{}; ///< where the sentences come from, as it is shown
     int paused = 0;
     std::size_t alarms = 0; ///< how many have begun
     std::size_t frames = 0;

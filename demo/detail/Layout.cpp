@@ -21,9 +21,10 @@ constexpr int setupWidth = 332;    // of the sections' headers and a frame
 constexpr double dockShare = 0.17; // of the whole height
 constexpr int leastDock = 96;
 constexpr int mostDock = 240;
-constexpr double threeShares[] = {0.36, 0.28, 0.36}; // of the instruments' width
+constexpr double threeShares[] = {0.40, 0.28, 0.32}; // of the instruments' width
 constexpr double twoShares[] = {0.48, 0.52};
-constexpr int setupHeight = 690; // of all sections, open, and the caption
+constexpr int leastThree = 850; // width for three consoles in a row
+constexpr int setupHeight = 660; // of all sections, open, and the caption
 
 void PlaceInstruments(Layout& layout, const Box& area) noexcept
 {
@@ -82,10 +83,11 @@ Layout Layout::Of(int width, int height) noexcept
         below = layout.setup;
         layout.setup.bottom = below.top + setupHeight;
         below.top = layout.setup.bottom + gap;
-        PlaceDocks(std::span(layout.docks).first(2), row, twoShares);
-    } else {
-        PlaceDocks(layout.docks, row, threeShares);
     }
+    if (layout.setup.bottom < bottom || row.Width() < leastThree)
+        PlaceDocks(std::span(layout.docks).first(2), row, twoShares);
+    else
+        PlaceDocks(layout.docks, row, threeShares);
     PlaceInstruments(layout, {gap, top, right, bottom - dock - gap});
     return layout;
 }

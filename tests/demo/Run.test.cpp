@@ -285,15 +285,16 @@ TEST_F(DemoRun, TheScriptPassesAndWhatItSetIsRestored)
         EXPECT_EQ(0, program.ExitCode()) << program.Err() << program.Out();
         const std::string out = program.Out();
         std::size_t passed = 0;
-        for (std::size_t at = out.find("script: "); at != std::string::npos; at = out.find("script: ", at + 1)) {
+        for (std::size_t at = out.find("script: "); at != std::string::npos;
+             at = out.find("script: ", at + 1)) {
             const std::string line = out.substr(at, out.find('\r', at) - at);
             EXPECT_THAT(line, testing::EndsWith(" ... ok"));
             ++passed;
         }
         EXPECT_GE(passed, 20U);
     }
-    for (const char* const picture : {"step-invalid.png", "step-message.png", "step-alarm.png", "step-category.png",
-                                      "step-units.png", "step-dial.png", "demo.png"})
+    for (const char* const picture : {"step-invalid.png", "step-message.png", "step-alarm.png",
+                                      "step-category.png", "step-units.png", "step-dial.png", "demo.png"})
         EXPECT_TRUE(fs::exists(m_dir / picture)) << picture;
     EXPECT_THAT(Contents(m_dir / "Logs" / "Alarms.csv"),
                 HasSubstr("Incorrect Text: Not in user specified range 0 to 1000"));
