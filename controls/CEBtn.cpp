@@ -42,7 +42,7 @@ void CEBtn::OnClick()
     const HWND self = m_hWnd;
     const int notified = id;
     Execute();
-    // A callback may have deleted the button, and every part of it.
+    // A callback may have destroyed the window, or its parent.
     if (notified && ::IsWindow(self))
         ::SendMessageW(::GetAncestor(self, GA_PARENT), WM_COMMAND,
                        MAKEWPARAM(static_cast<WORD>(notified), BN_CLICKED), reinterpret_cast<LPARAM>(self));

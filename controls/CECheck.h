@@ -8,7 +8,7 @@
  *  It is checked while (value & mask) is not 0. The mask is `aux0`, 1 at first; boxes that share one variable
  * have one bit each. A click toggles the bits under the value's mutex and fires the callbacks; a box of
  * several bits of which only some are set shows that, and is cleared by the next click. A box without a bound
- * integer stays clear and only fires. The text is `text`. */
+ * integer, or with a mask of 0, stays clear and only fires. The text is `text`. */
 class VANT_API CECheck : public vant::detail::ClickCtrl
 {
     DECLARE_DYNAMIC(CECheck)

@@ -22,6 +22,7 @@ BEGIN_MESSAGE_MAP(ClickCtrl, CECtrl)
     ON_WM_KEYUP()
     ON_WM_KILLFOCUS()
     ON_WM_ENABLE()
+    ON_WM_SHOWWINDOW()
     ON_WM_GETDLGCODE()
 END_MESSAGE_MAP()
 
@@ -161,6 +162,13 @@ void ClickCtrl::OnEnable(BOOL enable)
     if (!enable)
         Hold(Held::No);
     CECtrl::OnEnable(enable);
+}
+
+void ClickCtrl::OnShowWindow(BOOL show, UINT status)
+{
+    if (!show)
+        Hold(Held::No);
+    CECtrl::OnShowWindow(show, status);
 }
 
 UINT ClickCtrl::OnGetDlgCode()

@@ -12,8 +12,11 @@ namespace vant::detail
 {
 
 /** A control that is clicked: with the left button pressed and released inside, with the Space key when it is
- * released, or with Enter. While it is held down it has CECtrl::lookPressed; moving out of it, Escape, or
- * losing mouse or focus cancels a click. Sound 0 goes with every click. */
+ * released, or with Enter. While it is held down it has CECtrl::lookPressed; moving out of it, Escape, and
+ * losing mouse, focus or the window cancel a click. Sound 0 goes with every click.
+ *
+ *  What a click calls may destroy the control's window, but not delete the control: its callbacks are called
+ * one by one. */
 class VANT_API ClickCtrl : public CECtrl
 {
 public:
@@ -23,7 +26,7 @@ public:
     void AutoUpdate(double t) override;
 
 protected:
-    /** What a click does; the last thing that a handler calls, as it may delete the control. */
+    /** What a click does. */
     virtual void OnClick() = 0;
     /** Whether it can be clicked at all. */
     virtual bool IsClickable() const { return true; }
@@ -46,6 +49,7 @@ protected:
     afx_msg void OnKeyUp(UINT key, UINT repeat, UINT flags);
     afx_msg void OnKillFocus(CWnd* to);
     afx_msg void OnEnable(BOOL enable);
+    afx_msg void OnShowWindow(BOOL show, UINT status);
     afx_msg UINT OnGetDlgCode();
     DECLARE_MESSAGE_MAP()
 

@@ -1,6 +1,7 @@
 #include "controls/ControlsTest.h"
 
 #include "controls/detail/HoverHook.h"
+#include "support/MessagePump.h"
 
 #include <memory>
 
@@ -317,4 +318,17 @@ TEST_F(CECtrlTest, HoverIsSeenAndReported)
     ctrl.reset();
     ASSERT_EQ(reports.size(), 2u) << "a control that is deleted leaves too";
     EXPECT_FALSE(reports[1].second);
+}
+
+TEST_F(CECtrlTest, TheRealMouseComesAndGoes)
+{
+    PlainCtrl ctrl;
+    ctrl.rc = CRect(100, 100, 200, 150);
+    Open(ctrl);
+    ShowParent();
+    const auto hovered = [&ctrl] { return (ctrl.look & CECtrl::lookHover) != 0; };
+    const auto moveTo = [](int x, int y) { ::SetCursorPos(50 + x, 50 + y); };
+    // Moved again and again, as what the screen reports may still be an earlier place.
+    EXPECT_TRUE(vant::test::PumpUntil([&] { return moveTo(150, 120), hovered(); }));
+    EXPECT_TRUE(vant::test::PumpUntil([&] { return moveTo(10, 10), !hovered(); }));
 }

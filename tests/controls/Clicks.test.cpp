@@ -120,6 +120,12 @@ TEST_F(ClicksTest, LosingTheMouseOrTheRightToItCancels)
     b.btn.Update(0);
 
     Press(b.btn, 5, 5);
+    b.btn.ShowWindow(SW_HIDE);
+    Release(b.btn, 5, 5);
+    EXPECT_EQ(b.Clicks(), 0) << "hidden under the mouse";
+    b.btn.Update(0);
+
+    Press(b.btn, 5, 5);
     KeyDown(b.btn, VK_ESCAPE);
     EXPECT_FALSE(b.IsPressed());
     Release(b.btn, 5, 5);
