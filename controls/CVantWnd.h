@@ -41,7 +41,8 @@ class LayoutPass;
  * windows in it, and around: per window its own controls, those of its categories (the box of a section's
  * header first), then the windows in it, in the order of their construction. A window that is taller than its
  * content shows is scrolled by Page Up, Page Down, Home, End and the arrow keys while it has the focus
- * itself, by the wheel and by its scroll bar; Tab brings the next control into view.
+ * itself, by the wheel and by its scroll bar; Tab brings the next control into view. A window that is
+ * activated again gives the focus back to the control that had it.
  *
  *  At another scale than 96 DPI all that is laid out in units follows (see CDpi). When the system reports a
  * new scale for a window, children that the layout does not place keep their place in units, and every window
@@ -268,6 +269,7 @@ protected:
     afx_msg void OnSize(UINT type, int cx, int cy);
     afx_msg void OnPaint();
     afx_msg BOOL OnEraseBkgnd(CDC* dc);
+    afx_msg void OnActivate(UINT activation, CWnd* other, BOOL isMinimized);
     afx_msg void OnMouseMove(UINT flags, CPoint point);
     afx_msg BOOL OnMouseWheel(UINT flags, short delta, CPoint point);
     afx_msg void OnVScroll(UINT code, UINT pos, CScrollBar* bar);
@@ -307,6 +309,7 @@ private:
     std::vector<FlexRec> m_flex;
     std::unordered_map<const CWnd*, std::size_t> m_flexAt; // index in m_flex
     vant::detail::LayoutPass* m_pass = nullptr;            // the layout that is going on
+    HWND m_lastFocus = nullptr; // the child that had the focus when the window was last left
     int m_scrollY = 0;
     int m_wheel = 0; // of a notch, not yet scrolled
     bool m_scrolls = false;

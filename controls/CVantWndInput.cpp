@@ -75,6 +75,17 @@ void CVantWnd::OnMouseMove(UINT flags, CPoint point)
     CWnd::OnMouseMove(flags, point);
 }
 
+void CVantWnd::OnActivate(UINT activation, CWnd* other, BOOL isMinimized)
+{
+    if (activation == WA_INACTIVE) {
+        const HWND focus = ::GetFocus();
+        m_lastFocus = focus && ::IsChild(m_hWnd, focus) ? focus : nullptr;
+    }
+    CWnd::OnActivate(activation, other, isMinimized);
+    if (activation != WA_INACTIVE && !isMinimized && ::IsChild(m_hWnd, m_lastFocus) && IsUsable(m_lastFocus))
+        ::SetFocus(m_lastFocus);
+}
+
 void CVantWnd::AppendStops(Stops& stops)
 {
     ForEachCat([&stops](CCtrlCat& cat) {

@@ -39,9 +39,14 @@ void CVantWnd::StackCats()
 void CVantWnd::PlaceCats()
 {
     vant::detail::LayoutPass pass(m_hWnd, m_pass);
+    const CRect before = ClientRc();
     UpdateScrollBar();
+    const CRect client = ClientRc();
     StackCats();
-    LayoutCtrls(ClientRc());
+    LayoutCtrls(client);
+    // The scroll bar takes its room from the flexible children too.
+    if (client != before)
+        UpdateFlex();
 }
 
 void CVantWnd::LayoutCtrls(const CRect& client)

@@ -101,6 +101,31 @@ TEST_F(CVantWndInput, MouseBringsTheFocusUnlessItIsKept)
     EXPECT_EQ(::GetFocus(), wnd.m_hWnd);
 }
 
+TEST_F(CVantWndInput, FocusComesBackWithTheActivation)
+{
+    const ScreenLock screen;
+    RecordingWnd wnd;
+    CECtrl* const first = wnd.InsCtrl(20, btn, L"a");
+    CECtrl* const second = wnd.InsCtrl(20, btn, L"b");
+    wnd.CreatePopup();
+    RecordingWnd other;
+    other.CreatePopup(50, 50);
+    wnd.ShowWindow(SW_SHOW);
+    other.ShowWindow(SW_SHOW);
+    wnd.SetActiveWindow();
+    second->SetFocus();
+    other.SetActiveWindow();
+    ASSERT_NE(::GetFocus(), second->m_hWnd);
+    wnd.SetActiveWindow();
+    EXPECT_EQ(::GetFocus(), second->m_hWnd);
+    other.SetActiveWindow();
+    second->state = CECtrl::stShown;
+    second->Update(0);
+    wnd.SetActiveWindow();
+    EXPECT_NE(::GetFocus(), second->m_hWnd) << "it is disabled now";
+    EXPECT_NE(::GetFocus(), first->m_hWnd);
+}
+
 TEST_F(CVantWndInput, TabGoesThroughAllControlsAndWindows)
 {
     const ScreenLock screen;

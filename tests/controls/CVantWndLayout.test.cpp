@@ -192,6 +192,12 @@ TEST_F(CVantWndLayout, TellsItsParentUnlessQuiet)
     EXPECT_THAT(layouts(), ElementsAre(0, 1, 1));
     inner.MoveWindow(0, 0, 50, 50);
     EXPECT_THAT(layouts(), ElementsAre(1, 0, 0));
+
+    SectionsWnd sections;
+    sections.CreateChild(outer, {200, 0, 400, 300});
+    layouts();
+    Click(*sections.Nth<CECheck>(0));
+    EXPECT_THAT(layouts(), ElementsAre(0, 0, 1)) << "a section that opens or closes changes the layout";
 }
 
 TEST_F(CVantWndLayout, FlexibleChildrenGrowBeyondTheMinimum)
@@ -234,6 +240,28 @@ TEST_F(CVantWndLayout, FlexibleChildrenGrowBeyondTheMinimum)
     wnd.minW = -1;
     wnd.UpdateFlex();
     EXPECT_EQ(PlaceOf(child), CRect(20, 110, 120, 160));
+}
+
+TEST_F(CVantWndLayout, ScrollBarTakesItsRoomFromFlexibleChildrenToo)
+{
+    SectionsWnd wnd;
+    wnd.CreatePopup(400, 139); // the sections reach down to 140
+    RecordingWnd child;
+    child.CreateChild(wnd, {100, 0, 380, 20});
+    wnd.second->expanded = 0;
+    wnd.LayoutWnd();
+    ASSERT_FALSE(wnd.GetStyle() & WS_VSCROLL);
+    wnd.SetupFlex(&child, CEFlex(0, 0, 1, 0));
+    wnd.minW = 360;
+    wnd.GetFlex(&child)->rc.right -= 40;
+    wnd.UpdateFlex();
+    ASSERT_EQ(PlaceOf(child).right, 380);
+    Click(*wnd.Nth<CECheck>(1));
+    ASSERT_TRUE(wnd.GetStyle() & WS_VSCROLL);
+    EXPECT_EQ(PlaceOf(child).right, 380 - (400 - wnd.ClientRc().Width()));
+    Click(*wnd.Nth<CECheck>(1));
+    EXPECT_FALSE(wnd.GetStyle() & WS_VSCROLL);
+    EXPECT_EQ(PlaceOf(child).right, 380);
 }
 
 TEST_F(CVantWndLayout, FollowsTheScaleAndComesBack)
