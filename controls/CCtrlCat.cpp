@@ -39,7 +39,10 @@ CCtrlCat::CCtrlCat()
 {
 }
 
-CCtrlCat::~CCtrlCat() = default;
+CCtrlCat::~CCtrlCat()
+{
+    CCtrlCat::DestroyCtrls();
+}
 
 void CCtrlCat::CalcRect(CRect& r, int width, int advance)
 {

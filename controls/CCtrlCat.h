@@ -52,7 +52,6 @@ public:
     CCtrlCat();
     CCtrlCat(const CCtrlCat&) = delete;
     CCtrlCat& operator=(const CCtrlCat&) = delete;
-    virtual ~CCtrlCat();
 
     /** @name Fields @{ */
     CString catName;             ///< "ROOT"; the key of CVantWnd::GetCat() and of the settings
@@ -95,6 +94,9 @@ public:
      * handler of one of these controls. */
     virtual void DestroyCtrls();
     /** @} */
+
+    /** Deletes the controls. */
+    virtual ~CCtrlCat();
 
     /** @name Cursor
      *  Every move makes the place reached count for width or height. @{ */

@@ -69,12 +69,11 @@ CVantWnd::~CVantWnd()
     Unbind();
     if (m_hWnd)
         CVantWnd::DestroyWindow();
-    CCtrlCat::DestroyCtrls();
-    for (CVantPtr* pos = m_cats.GetHeadPos(); pos;)
-        m_cats.GetNext(pos)->DestroyCtrls();
+    CVantWnd::DestroyCtrls();
+    m_cats.RemoveAll();
     m_flex.clear();
     m_flexAt.clear();
-    m_cats.RemoveAll();
+    pParent = nullptr; // the category is destroyed after what it would ask of the window
     for (CVantPtr* pos = s_wnds.GetHeadPos(); pos && m_listensTo > 0;)
         s_wnds.GetNext(pos)->DetachWnd(this);
     while (CVantWnd* const listener = m_attached.RemoveHead())

@@ -13,11 +13,6 @@ namespace
 
 using testing::ElementsAre;
 
-/** A category that deletes its controls, as a window does with its own ones. */
-struct TestCat : CCtrlCat {
-    ~TestCat() override { DestroyCtrls(); }
-};
-
 class CCtrlCatTest : public WndTest
 {
 protected:
@@ -34,7 +29,7 @@ protected:
 
 TEST_F(CCtrlCatTest, CursorMovesAndSizeFollows)
 {
-    TestCat cat;
+    CCtrlCat cat;
     EXPECT_EQ(cat.catName, L"ROOT");
     EXPECT_EQ(cat.GetCtrlExtents(), CSize(-1, -1));
 
@@ -73,7 +68,7 @@ TEST_F(CCtrlCatTest, CursorMovesAndSizeFollows)
 
 TEST_F(CCtrlCatTest, HeightDependsOnTheKind)
 {
-    TestCat cat;
+    CCtrlCat cat;
     cat.SetHeight(50);
     EXPECT_EQ(cat.GetCtrlHeight(), 50);
     cat.kind = CCtrlCat::anchorCentre;
@@ -116,7 +111,7 @@ TEST_F(CCtrlCatTest, InsertedControlsGetPlaceLevelStyleMutexAndWindow)
 
 TEST_F(CCtrlCatTest, BindsEveryTypeWithItsCode)
 {
-    TestCat cat;
+    CCtrlCat cat;
     void* p = &cat;
     CString text = L"text";
     wchar_t buffer[] = L"buffer";
@@ -156,7 +151,7 @@ TEST_F(CCtrlCatTest, BindsEveryTypeWithItsCode)
 
 TEST_F(CCtrlCatTest, MakesControlsByTheirCodes)
 {
-    TestCat cat;
+    CCtrlCat cat;
     for (const int code :
          {CECtrl::typeText, CECtrl::typeLabel, CECtrl::typeBtn, CECtrl::typeCheck, CECtrl::typeWnd}) {
         const CECtrl* const ctrl = cat.NewCtrl(10, code);
@@ -175,7 +170,7 @@ TEST_F(CCtrlCatTest, MakesControlsByTheirCodes)
 
 TEST_F(CCtrlCatTest, TextsTagsAndButtons)
 {
-    TestCat cat;
+    CCtrlCat cat;
     CEStyle style;
     style.txtCol = RGB(9, 9, 9);
     const CEText* const text = cat.InsText(100, L"Depth", &style, DT_RIGHT);
@@ -322,7 +317,7 @@ TEST_F(CCtrlCatTest, KeepsTheExpandedFlagUnderItsNameWithUnderscores)
 {
     CESet stored(1);
     CESetObj& out = *stored.AddCol(L"c")->AddObj(L"o", L"t");
-    TestCat cat;
+    CCtrlCat cat;
     cat.catName = L"My own  section";
     cat.expanded = 0;
     cat.Settings(out);
@@ -359,11 +354,16 @@ TEST_F(CCtrlCatTest, DestroyingDeletesControlsAndTheirFlexibleRecords)
     wnd.UpdateFlex();
     wnd.DestroyCtrls();
     EXPECT_EQ(CECtrl::s_eCtrls.GetCount(), before + 2); // the header's box and title
+    {
+        CCtrlCat alone;
+        alone.InsText(10, L"x");
+    }
+    EXPECT_EQ(CECtrl::s_eCtrls.GetCount(), before + 2);
 }
 
 TEST_F(CCtrlCatTest, ClearingForgetsControlsWithoutDeleting)
 {
-    TestCat cat;
+    CCtrlCat cat;
     const std::unique_ptr<CECtrl> ctrl(cat.InsText(10, L"x"));
     cat.NewLn();
     cat.ClearCtrls();

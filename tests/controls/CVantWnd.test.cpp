@@ -35,6 +35,20 @@ public:
     CECtrl* ctrl = nullptr;
 };
 
+/** Stores into its variable, and calls back, when its window goes: as an edit field with the focus does. */
+class StoringCtrl : public CEWnd
+{
+protected:
+    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override
+    {
+        if (message == WM_DESTROY) {
+            SetVal(99);
+            Execute();
+        }
+        return CEWnd::WindowProc(message, wParam, lParam);
+    }
+};
+
 COLORREF PixelAt(CWnd& wnd, int x, int y)
 {
     wnd.UpdateWindow();
@@ -126,16 +140,21 @@ TEST_F(CVantWndTest, CategoriesAreMadeOnce)
 
 TEST_F(CVantWndTest, DeletingItWithItsWindowDoesNotStoreToVariables)
 {
-    struct App {
-        int calls = 0;
-    };
     int gain = 3;
-    CMutex mutex;
-    auto wnd = std::make_unique<RecordingWnd>();
-    wnd->SetMutex(&mutex);
-    CECtrl* const ctrl = wnd->InsCtrl(50, CECtrl::typeCheck, gain);
-    wnd->CreatePopup();
-    const HWND window = ctrl->m_hWnd;
+    const auto openWnd = [&gain] {
+        auto wnd = std::make_unique<RecordingWnd>();
+        auto* const ctrl = new StoringCtrl;
+        ctrl->Init(gain);
+        wnd->InsCtrl(50, ctrl, 0);
+        wnd->CreatePopup();
+        return wnd;
+    };
+    auto wnd = openWnd();
+    wnd->DestroyWindow(); // the application is still there
+    EXPECT_EQ(gain, 99);
+    gain = 3;
+    wnd = openWnd();
+    const HWND window = wnd->m_hWnd;
     wnd.reset();
     EXPECT_FALSE(::IsWindow(window));
     EXPECT_EQ(gain, 3);
@@ -197,8 +216,11 @@ TEST_F(CVantWndTest, UpdatesAndRedrawsAllWindows)
     shown.RedrawWnd();
     ASSERT_FALSE(shown.GetUpdateRect(nullptr));
     ctrl->state &= ~CECtrl::stEnabled;
-    CVantWnd::UpdateAllWnds();
+    shown.UpdateLabels();
     EXPECT_FALSE(ctrl->IsWindowEnabled());
+    ctrl->state |= CECtrl::stEnabled;
+    CVantWnd::UpdateAllWnds();
+    EXPECT_TRUE(ctrl->IsWindowEnabled());
     EXPECT_TRUE(shown.GetUpdateRect(nullptr));
 }
 
