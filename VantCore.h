@@ -37,6 +37,6 @@
 #include "values/CEVal.h"
 #include "values/CStrVal.h"
 #include "values/EUnits.h"
+#include "windows/CConsole.h"
 #include "windows/CCslAlm.h"
 #include "windows/CCslComms.h"
-#include "windows/CConsole.h"

@@ -253,8 +253,8 @@ public:
 
     /** Sets the alarm `id`. Level 1 is heard (sound 3), and level 3 when the alarm is in state 1. At every
      * level from 0 up all platform windows then get the information message #alarmInfo with the alarm's
-     * entry, on the caller's thread. A negative level is recorded silently, -1 too: the console then shows the
-     * alarm as over. */
+     * entry, on the caller's thread. A negative level is recorded silently, -1 too: the console then shows
+     * the alarm as over. */
     static void Alarm(unsigned long id, int level, CString fmt, ...);
     ///@}
 

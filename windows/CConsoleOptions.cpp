@@ -20,6 +20,7 @@ constexpr unsigned int levelBits = ((1U << levelBoxes) - 1) << 4;
 
 constexpr int boxW = 90;
 constexpr int levelBoxW = 275;
+constexpr int gapBeforeFile = 6;
 constexpr int browseId = 1;
 
 CString LevelText(int box)
@@ -58,6 +59,7 @@ void CConsole::InsLogTo(CCtrlCat& cat)
     CEBtn* const browse =
         cat.InsBtn(boxW, L"Browse...", browseId, this, static_cast<CEVal::CbNone>(&CConsole::OnBrowse));
     browse->tip = L"Select CSV to save data to";
+    cat.ShiftX(gapBeforeFile);
     cat.InsCtrl(400, CECtrl::typeText, fileName);
     cat.NewLn();
 }

@@ -96,6 +96,7 @@ TEST_F(ConsoleFile, FourThreadsLoseNothingAndTheWindowIsNotHeldUp)
     ASSERT_TRUE(console.CreateWnd(L"", WS_POPUP, CRect(0, 0, 300, 200)));
     console.ShowWindow(SW_SHOWNOACTIVATE);
 
+    const ULONGLONG begin = ::GetTickCount64();
     std::atomic<int> running = threads;
     ULONGLONG longest = 0;
     int triggers = 0;
@@ -120,8 +121,9 @@ TEST_F(ConsoleFile, FourThreadsLoseNothingAndTheWindowIsNotHeldUp)
         }
     }
     EXPECT_GT(triggers, 10);
-    EXPECT_LT(longest, 1000u) << "ms";
-    RecordProperty("longest_trigger_ms", static_cast<int>(longest));
+    // A trigger takes a few milliseconds. The limit leaves room for a machine that is busy with other things;
+    // a trigger that waited for the loggers would take as long as they run.
+    EXPECT_LT(longest, std::max<ULONGLONG>(1000, (::GetTickCount64() - begin) / 4)) << "ms";
 
     const auto lines = FileLines(console.fileName);
     ASSERT_EQ(lines.size(), static_cast<std::size_t>(perThread * threads));
