@@ -2,17 +2,23 @@
 #include "demo/CBridge.h"
 
 #include "demo/Commands.h"
+#include "platform/Vant.h"
+#include "windows/CCslAlm.h"
 
 namespace demo
 {
 namespace
 {
 
-/** Whether a control has the keyboard: it then has a use of its own for every key. */
+/** Whether a control has the keyboard, or the alarms, whose keys select and acknowledge: they have a use of
+ * their own for every key. */
 bool IsInControl()
 {
     const HWND focus = ::GetFocus();
-    return focus && (::GetWindowLongPtrW(focus, GWL_STYLE) & static_cast<LONG_PTR>(CECtrl::keepFocus)) != 0;
+    if (!focus)
+        return false;
+    const auto style = static_cast<DWORD>(::GetWindowLongPtrW(focus, GWL_STYLE));
+    return (style & CECtrl::keepFocus) != 0 || focus == Vant::alarm.m_hWnd;
 }
 
 } // namespace

@@ -55,7 +55,7 @@ void PaintPosition(CPainter& painter, const Box& box, const View& view)
     };
     double middle = inside.top + row / 2.0;
     for (const auto& r : rows) {
-        const double room = right - left - painter.TextWidth(painter.Fonts().big, r.text);
+        const double room = right - left - painter.TextWidth(painter.Fonts().big, r.text) - painter.S(8);
         if (painter.TextWidth(painter.Fonts().small, r.name) < room)
             painter.Text(left, middle + drop, Align::Left, painter.Fonts().small, painter.Colours().label,
                          r.name);

@@ -11,6 +11,7 @@ namespace demo
 namespace
 {
 
+constexpr unsigned long incorrectText = 40; // from an edit field, some acts before
 constexpr auto shallow = static_cast<unsigned long>(AlarmId::ShallowWater);
 
 /** Where the rows of the alarm console are, as a user sees them. */
@@ -30,15 +31,15 @@ struct AlarmRows : CCslAlm {
     }
 };
 
-bool IsRaised(unsigned int kind)
+bool IsRaised(unsigned long id, unsigned int kind)
 {
     CECEntry alarm;
-    return Vant::alarm.GetEntry(shallow, alarm) != 0 && (alarm.kind & kind) == kind;
+    return Vant::alarm.GetEntry(id, alarm) != 0 && (alarm.kind & kind) == kind;
 }
 
 const Act acts[] = {
     {L"shallow water raises its alarm, and a message tells of it", [](Stage&) {},
-     [](const Stage&) { return IsRaised(0) && Vant::msgBox.m_hWnd && IsSeen(Vant::msgBox); },
+     [](const Stage&) { return IsRaised(shallow, 0) && Vant::msgBox.m_hWnd && IsSeen(Vant::msgBox); },
      L"step-message.png"},
 
     {L"the space bar pauses while no control has the keyboard",
@@ -50,7 +51,14 @@ const Act acts[] = {
 
     {L"a click acknowledges the alarm",
      [](Stage& s) { s.hands.Click(Vant::alarm, AlarmRows::BoxOf(shallow)); },
-     [](const Stage&) { return IsRaised(CConsole::kindChecked); }, L"step-alarm.png"},
+     [](const Stage&) { return IsRaised(shallow, CConsole::kindChecked); }, L"step-alarm.png"},
+
+    {L"Up and the space bar acknowledge the one above it",
+     [](Stage& s) {
+         s.hands.Key(VK_UP);
+         s.hands.Key(VK_SPACE);
+     },
+     [](const Stage& s) { return IsRaised(incorrectText, CConsole::kindChecked) && s.session.paused; }},
 };
 
 } // namespace

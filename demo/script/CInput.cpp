@@ -19,6 +19,18 @@ HWND WindowAt(HWND main, POINT screen)
     }
 }
 
+/** Turns the wheel over the window that has scrolled a point of `wnd` out of sight. */
+void ScrollTowards(const CWnd& wnd, POINT screen)
+{
+    RECT seen{};
+    const HWND parent = ::GetParent(wnd.m_hWnd);
+    ::GetWindowRect(parent, &seen);
+    const int notches = screen.y < seen.top ? 1 : screen.y >= seen.bottom ? -1 : 0;
+    if (notches != 0)
+        ::PostMessageW(parent, WM_MOUSEWHEEL, MAKEWPARAM(0, notches * WHEEL_DELTA),
+                       MAKELPARAM(seen.left, seen.top));
+}
+
 /** What comes with a key's message: one repetition and the key's scan code. */
 LPARAM KeyData(UINT key)
 {
@@ -65,18 +77,32 @@ bool CInput::Move()
 
 bool CInput::Do(const Press& press) const
 {
-    POINT screen = press.point;
+    POINT screen = press.from;
     press.wnd->ClientToScreen(&screen);
     const HWND wnd = WindowAt(m_main.m_hWnd, screen);
-    if (!wnd || (wnd != press.wnd->m_hWnd && !::IsChild(press.wnd->m_hWnd, wnd)))
+    if (!wnd || (wnd != press.wnd->m_hWnd && !::IsChild(press.wnd->m_hWnd, wnd))) {
+        ScrollTowards(*press.wnd, screen);
         return false;
-    POINT point = screen;
-    ::ScreenToClient(wnd, &point);
-    const LPARAM at = MAKELPARAM(point.x, point.y);
-    ::PostMessageW(wnd, WM_MOUSEMOVE, 0, at);
-    ::PostMessageW(wnd, WM_LBUTTONDOWN, MK_LBUTTON, at);
-    ::PostMessageW(wnd, WM_LBUTTONUP, 0, at);
+    }
+    POINT points[] = {press.from, press.to};
+    ::MapWindowPoints(press.wnd->m_hWnd, wnd, points, 2);
+    const LPARAM from = MAKELPARAM(points[0].x, points[0].y);
+    const LPARAM to = MAKELPARAM(points[1].x, points[1].y);
+    ::PostMessageW(wnd, WM_MOUSEMOVE, 0, from);
+    ::PostMessageW(wnd, WM_LBUTTONDOWN, MK_LBUTTON, from);
+    if (to != from)
+        ::PostMessageW(wnd, WM_MOUSEMOVE, MK_LBUTTON, to);
+    ::PostMessageW(wnd, WM_LBUTTONUP, 0, to);
+    ::PostMessageW(wnd, WM_MOUSELEAVE, 0, 0); // the hand goes on to the next thing
     return true;
+}
+
+bool CInput::Do(const Rest& rest)
+{
+    CRect place;
+    rest.wnd->GetWindowRect(&place);
+    const CPoint middle = place.CenterPoint();
+    return ::WindowFromPoint(middle) == rest.wnd->m_hWnd && ::SetCursorPos(middle.x, middle.y);
 }
 
 bool CInput::Do(const Stroke& stroke)

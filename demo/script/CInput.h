@@ -23,9 +23,14 @@ public:
 
     /** Clicks a point of a window, in pixels of its client area. While another window covers it, the hands
      * wait. */
-    void Click(CWnd& wnd, CPoint point) { m_queue.push_back(Press{&wnd, point}); }
+    void Click(CWnd& wnd, CPoint point) { Drag(wnd, point, point); }
     /** Clicks the middle of a window. */
     void Click(CWnd& wnd);
+    /** Presses the button at one point, moves and releases it at another; waits as Click() does. */
+    void Drag(CWnd& wnd, CPoint from, CPoint to) { m_queue.push_back(Press{&wnd, from, to}); }
+    /** Lets the mouse rest over the middle of a window: the one thing for which the real mouse moves, because
+     * the system itself looks where it is. */
+    void Hover(CWnd& wnd) { m_queue.push_back(Rest{&wnd}); }
     /** Presses and releases a key that is no character. */
     void Key(UINT key, int times = 1);
     /** Clicks a field and takes out what is in it. */
@@ -41,14 +46,19 @@ public:
 private:
     struct Press {
         CWnd* wnd;
-        CPoint point;
+        CPoint from;
+        CPoint to;
+    };
+    struct Rest {
+        CWnd* wnd;
     };
     struct Stroke {
         UINT key;
     };
-    using Action = std::variant<Press, Stroke, wchar_t>;
+    using Action = std::variant<Press, Rest, Stroke, wchar_t>;
 
     bool Do(const Press& press) const;
+    static bool Do(const Rest& rest);
     static bool Do(const Stroke& stroke);
     static bool Do(wchar_t character);
 

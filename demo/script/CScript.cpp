@@ -1,7 +1,7 @@
 #include "demo/script/CScript.h"
 
-#include "demo/Commands.h"
 #include "demo/Terminal.h"
+#include "demo/script/ScreenPicture.h"
 
 namespace demo
 {
@@ -40,7 +40,7 @@ void CScript::Report(const Act& act, bool passed)
     m_stage.session.log.Line(line);
     m_stage.session.failed |= !passed;
     if (act.picture)
-        SavePicture(m_stage.session, act.picture);
+        SaveSeen(m_stage.bridge, m_stage.session.outDir + act.picture);
 }
 
 } // namespace demo

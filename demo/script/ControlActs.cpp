@@ -4,7 +4,10 @@
 #include "demo/script/Find.h"
 #include "platform/Vant.h"
 #include "values/EUnits.h"
+#include "windows/CCslAlm.h"
+#include "windows/CCslComms.h"
 #include "windows/CEMsgBox.h"
+#include "windows/CEToolTip.h"
 
 #include <cmath>
 
@@ -19,6 +22,16 @@ constexpr unsigned long newAddress = 10 | 20UL << 8 | 0UL << 16 | 42UL << 24;
 CERadius& TheDial()
 {
     return static_cast<CERadius&>(OfType(CECtrl::typeRadius));
+}
+
+/** Where the dial's handle is, pixels. */
+CPoint Handle()
+{
+    const CERadius& dial = TheDial();
+    const double radius = dial.ClientRc().Height() / 2.0;
+    const double part = std::cos(dial.slope) * radius;
+    return dial.Dpi().ToPx(CPoint(static_cast<int>(std::lround(radius + std::sin(dial.brg) * part)),
+                                  static_cast<int>(std::lround(radius - std::cos(dial.brg) * part))));
 }
 
 CWnd& Panel(const wchar_t* name)
@@ -44,6 +57,14 @@ void TypeAngle(Stage& stage, double& angle, std::wstring_view degrees)
 }
 
 const Act acts[] = {
+    {L"a tip tells what the field under the mouse is for",
+     [](Stage& s) { s.hands.Hover(BoundTo(&s.session.settings.port)); },
+     [](const Stage&) {
+         return Vant::toolTip.m_hWnd && IsSeen(Vant::toolTip) &&
+                Vant::toolTip.text.Find(L"port at which the instrument sends") >= 0;
+     },
+     L"step-tip.png"},
+
     {L"a click on its header closes a category",
      [](Stage& s) { s.hands.Click(BoundTo(&CategoryOf(s.setup, sensorCategory).expanded)); },
      [](const Stage& s) {
@@ -79,11 +100,18 @@ const Act acts[] = {
      },
      [](const Stage& s) { return IsBeamAt(s, 30.0, 80.0); }},
 
+    {L"the handle of the dial is dragged to its rim",
+     [](Stage& s) {
+         CRect client;
+         TheDial().GetClientRect(&client);
+         s.hands.Drag(TheDial(), Handle(), {client.right, client.bottom / 2});
+     },
+     [](const Stage& s) { return IsBeamAt(s, 90.0, 0.0); }},
+
     {L"the arrow keys turn the dial, and the fields follow it",
      [](Stage& s) {
-         s.hands.Click(TheDial(), {4, 4});
-         s.hands.Key(VK_RIGHT, 3);
-         s.hands.Key(VK_DOWN, 2);
+         s.hands.Key(VK_LEFT, 9);
+         s.hands.Key(VK_UP, 14);
      },
      [](const Stage& s) {
          const Mounting& mounting = s.session.settings.mounting;
@@ -128,7 +156,11 @@ const Act acts[] = {
     {L"F6 leads through the windows and back",
      [](Stage& s) {
          s.hands.Click(Panel(L"Heading"));
-         s.hands.Key(VK_F6, 5);
+         int windows = 2; // the bridge and the set-up
+         for (const CWnd* console :
+              std::initializer_list<const CWnd*>{&Vant::alarm, &Vant::csl, &Vant::comms})
+             windows += IsSeen(*console);
+         s.hands.Key(VK_F6, windows);
      },
      [](const Stage& s) { return HasFocus(s.bridge); }},
 };

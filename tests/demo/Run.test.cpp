@@ -326,11 +326,11 @@ TEST_F(DemoRun, AClosedCategoryComesBackClosed)
 {
     std::ofstream(m_dir / "VantDemo.xml") << "<Corvane date=\"\">\n<Collection name=\"VantWnds\">\n"
                                              "<Object name=\"Setup\" type=\"CSetupWnd\">\n"
-                                             "<Sensor val=\"0\"/>\n</Object>\n</Collection>\n</Corvane>\n";
+                                             "<Playback val=\"0\"/>\n</Object>\n</Collection>\n</Corvane>\n";
     Program program(m_dir, L"--seconds 0.3 --out .");
     ASSERT_EQ(0, program.ExitCode()) << program.Err();
     const std::string settings = Contents(m_dir / "VantDemo.xml");
-    EXPECT_EQ("0", Item(settings, "Sensor"));
+    EXPECT_EQ("0", Item(settings, "Playback"));
     EXPECT_EQ("2", Item(settings, "Alarm_limits")) << "the others are open";
 }
 

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <afxwin.h>
+
+namespace demo
+{
+
+/** Saves what a user sees of a window: with the message boxes and tips over it, which Vant::PrintScn() leaves
+ * out. @return whether it could be saved */
+bool SaveSeen(CWnd& wnd, const CString& path);
+
+} // namespace demo
