@@ -48,6 +48,25 @@ void CEBtn::OnClick()
                        MAKEWPARAM(static_cast<WORD>(notified), BN_CLICKED), reinterpret_cast<LPARAM>(self));
 }
 
+void CEBtn::DrawOwnSkin(CDC* dc, CRect r, Look drawn)
+{
+    const bool eachLook = skinLooks == vant::skins::kLooks;
+    const int cells = eachLook ? vant::skins::kLooks : 1;
+    const vant::skins::Region picture{0, 0, bmW / cells, bmH, cells, {}};
+    CDC& skin = drawn == Look::Disabled && !eachLook ? dcGrey : dcNorm;
+    vant::detail::DrawPiece(*dc, r, skin, picture, eachLook ? static_cast<int>(drawn) : 0, BackCol());
+    if (eachLook)
+        return;
+    constexpr int hoverGlow = 96;
+    constexpr int pressedGlow = 192;
+    if (drawn == Look::Pressed)
+        Glow(dc, r, pressedGlow);
+    else if (drawn != Look::Disabled && (look & lookHover))
+        Glow(dc, r, hoverGlow);
+    if (drawn == Look::Focused)
+        vant::detail::DrawFocus(*dc, r);
+}
+
 void CEBtn::Draw(CDC* dc)
 {
     CRect r = ClientRc();
@@ -55,8 +74,10 @@ void CEBtn::Draw(CDC* dc)
     const bool latched = IsLatched();
     DrawBack(dc);
     style.Set(dc);
-    const vant::skins::Region& face = latched ? vant::skins::grad1::latched : vant::skins::grad1::face;
-    if (!vant::detail::DrawPiece(*dc, r, Vant::grad1, face, drawn, BackCol()))
+    const auto& face = latched ? vant::skins::grad1::latched : vant::skins::grad1::face;
+    if (ownDC)
+        DrawOwnSkin(dc, r, drawn);
+    else if (!vant::detail::DrawPiece(*dc, r, Vant::grad1, face, drawn, BackCol()))
         CEStyle::Brdr2(dc, r);
     if (drawn == Look::Disabled)
         dc->SetTextColor(vant::detail::disabledText);

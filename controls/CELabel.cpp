@@ -63,11 +63,8 @@ void CELabel::Draw(CDC* dc)
         dc->SetTextColor(vant::detail::disabledText);
     else if (onBar || lit)
         dc->SetTextColor(vant::detail::litText);
-    if (IsClickable() && HasFocus()) {
-        if (Vant::cyanL.m_hObject)
-            ::SelectObject(dc->m_hDC, Vant::cyanL.m_hObject);
-        CEStyle::Brdr2(dc, r);
-    }
+    if (IsClickable() && HasFocus())
+        vant::detail::DrawFocus(*dc, r);
     // Room for the bar's coloured end and the focus.
     constexpr int inset = 3;
     constexpr int barInset = 8;

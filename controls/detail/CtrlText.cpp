@@ -1,5 +1,8 @@
 #include "controls/detail/CtrlText.h"
 
+#include "controls/CEStyle.h"
+#include "platform/Vant.h"
+
 namespace vant::detail
 {
 
@@ -16,6 +19,15 @@ void DrawLine(CDC& dc, const CString& text, CRect r, UINT align)
     const CPoint origin = dc.OffsetViewportOrg(0, above);
     dc.DrawText(text, -1, &r, align | DT_SINGLELINE | DT_TOP | DT_END_ELLIPSIS | DT_NOPREFIX);
     dc.SetViewportOrg(origin);
+}
+
+void DrawFocus(CDC& dc, const CRect& r)
+{
+    const HGDIOBJ pen = Vant::cyanL.m_hObject;
+    const HGDIOBJ before = pen ? ::SelectObject(dc.m_hDC, pen) : nullptr;
+    CEStyle::Brdr2(&dc, r);
+    if (before)
+        ::SelectObject(dc.m_hDC, before);
 }
 
 } // namespace vant::detail

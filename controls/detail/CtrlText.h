@@ -18,4 +18,7 @@ inline constexpr COLORREF litText = RGB(255, 255, 255);
  *  Ampersands are what they are. @param align  DT_LEFT, DT_CENTER or DT_RIGHT */
 VANT_API void DrawLine(CDC& dc, const CString& text, CRect r, UINT align);
 
+/** Draws the outline that shows the keyboard focus where no skin does, just inside `r`. */
+VANT_API void DrawFocus(CDC& dc, const CRect& r);
+
 } // namespace vant::detail

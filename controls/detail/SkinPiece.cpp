@@ -76,9 +76,11 @@ void CopyParts(CDC& dc, const CRect& box, CDC& source, CPoint from, const vant::
     const auto& edges = piece.edges;
     const Cuts x = CutsOf(from.x, piece.w, edges.left, edges.right, box.left, std::max(box.Width(), 0));
     const Cuts y = CutsOf(from.y, piece.h, edges.top, edges.bottom, box.top, std::max(box.Height(), 0));
-    // Smooth where the screen is not at its basic scale. At that scale only what is alike gets stretched.
-    const bool scaled = dc.GetMapMode() != MM_TEXT;
-    const int mode = dc.SetStretchBltMode(scaled ? HALFTONE : COLORONCOLOR);
+    // At the screen's basic scale what is between margins is alike wherever it is stretched.
+    const bool hasMargins = edges.left || edges.top || edges.right || edges.bottom;
+    const bool asDrawn = hasMargins || box.Size() == CSize(piece.w, piece.h);
+    const bool exact = asDrawn && dc.GetMapMode() == MM_TEXT;
+    const int mode = dc.SetStretchBltMode(exact ? COLORONCOLOR : HALFTONE);
     const CPoint origin = dc.SetBrushOrg(0, 0); // asked for after every change to HALFTONE
     for (std::size_t row = 0; row < 3; ++row) {
         for (std::size_t column = 0; column < 3; ++column) {

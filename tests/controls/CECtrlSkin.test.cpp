@@ -1,5 +1,6 @@
 #include "controls/ControlsTest.h"
 
+#include "controls/CEBtn.h"
 #include "controls/detail/SkinPiece.h"
 #include "resources/Skins.h"
 #include "support/GdiCount.h"
@@ -118,6 +119,34 @@ TEST_F(CECtrlSkinTest, ContextsThatAreNotItsOwnOutliveAControl)
     }
     shared.Fill(RGB(255, 0, 0));
     EXPECT_EQ(shared.At(1, 1), 0xFF0000u);
+}
+
+TEST_F(CECtrlSkinTest, AButtonDrawsItsOwnSkin)
+{
+    Calls().loadBitmap = [](int) {
+        static constexpr std::uint32_t pixels[] = {0xC80000, 0x00C800, 0x0000C8, 0xC8C800, 0x00C8C8};
+        return MakeBitmap(5, 1, 32, pixels, sizeof pixels);
+    };
+    CEBtn btn;
+    btn.LoadBitmapW(1);
+    btn.rc = CRect(0, 0, 50, 20);
+    btn.skinLooks = 5;
+    Canvas canvas(50, 20);
+    btn.look = CECtrl::lookHover;
+    btn.Draw(&canvas.Dc());
+    EXPECT_EQ(canvas.Bounds(RGB(0, 200, 0)), CRect(0, 0, 50, 20));
+    btn.state = CECtrl::stShown;
+    btn.Draw(&canvas.Dc());
+    EXPECT_EQ(canvas.At(25, 10), 0x00C8C8u) << "it has a picture for that";
+
+    btn.skinLooks = 1;
+    btn.Draw(&canvas.Dc());
+    const std::uint32_t disabled = canvas.At(3, 10);
+    EXPECT_EQ(disabled & 0xFF, (disabled >> 16) & 0xFF) << "grey";
+    btn.state = 3;
+    btn.look = 0;
+    btn.Draw(&canvas.Dc());
+    EXPECT_EQ(canvas.At(0, 10), 0xC80000u);
 }
 
 TEST(CECtrlSkinDeathTest, ExhaustedMemoryEndsTheProcess)
