@@ -19,7 +19,8 @@ void TellHighlight(CVantWnd* wnd)
 {
     if (!wnd->m_hWnd || !wnd->IsWindowVisible())
         return;
-    wnd->Invalidate();
+    // The controls stand on the colour that changes.
+    wnd->RedrawWindow(nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
     CVantWnd::InfoMsg(CVantWnd::hltInfo, wnd);
 }
 

@@ -168,6 +168,7 @@ TEST_F(CVantWndTest, FillsItsBackgroundTealWhileHighlighted)
     red->key = L"red";
     red->SetTarget(&wnd);
     wnd.InsCtrl(40, red, 3);
+    CECtrl* const text = wnd.InsText(40, L"");
     wnd.CreatePopup(200, 100);
     wnd.SetWindowPos(&CWnd::wndTopMost, 0, 0, 0, 0,
                      SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE | SWP_SHOWWINDOW);
@@ -178,6 +179,7 @@ TEST_F(CVantWndTest, FillsItsBackgroundTealWhileHighlighted)
     CVantWnd::AddHlt(&wnd);
     EXPECT_EQ(PixelAt(wnd, 150, 80), Vant::teal);
     EXPECT_EQ(PixelAt(wnd, 20, 20), RGB(255, 0, 0));
+    EXPECT_EQ(PixelAt(*text, 5, 5), Vant::teal) << "controls stand on it";
     CVantWnd::DelHlt(&wnd);
     EXPECT_EQ(PixelAt(wnd, 150, 80), Vant::back);
 }
