@@ -119,6 +119,24 @@ TEST_F(EntryInWindow, EverythingFollowsTheWindowToAnotherScale)
     EXPECT_EQ(lineOf(wnd.address->edits[2]), 16);
 }
 
+TEST_F(EntryInWindow, CornersShowTheHighlightOfTheWindow)
+{
+    // The corners of the disabled frame are all background.
+    wnd.depthEdit->EnableWindow(FALSE);
+    EXPECT_EQ(FramePixelOf(*wnd.depthEdit, 0, 0), Vant::back);
+    EXPECT_EQ(PixelOf(*wnd.dial, 1, 1), Vant::back);
+    CVantWnd::AddHlt(&wnd);
+    wnd.RedrawWnd();
+    PumpPending();
+    EXPECT_EQ(FramePixelOf(*wnd.depthEdit, 0, 0), Vant::teal);
+    EXPECT_EQ(PixelOf(*wnd.dial, 1, 1), Vant::teal);
+    EXPECT_EQ(PixelOf(*wnd.dial, 99, 99), Vant::teal);
+    CVantWnd::DelHlt(&wnd);
+    wnd.RedrawWnd();
+    PumpPending();
+    EXPECT_EQ(FramePixelOf(*wnd.depthEdit, 0, 0), Vant::back);
+}
+
 TEST(EntryInWindowEnd, AWindowThatGoesWithItsObjectDoesNotStore)
 {
     const ScreenLock screen;
