@@ -96,8 +96,7 @@ void Canvas::Save(const std::wstring& path)
 
 ControlsTest::ControlsTest()
 {
-    StartPlatform();
-    vant::detail::Recorder(vant::detail::LogTarget::alarm).Clear();
+    Vant::Init();
     vant::detail::Hover() = {};
     EXPECT_TRUE(parent.CreateEx(WS_EX_TOPMOST | WS_EX_NOACTIVATE, Vant::wndClass, L"Parent", WS_POPUP,
                                 CRect(50, 50, 450, 350), nullptr, 0));

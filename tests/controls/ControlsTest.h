@@ -95,5 +95,6 @@ protected:
 
 private:
     const ScreenLock m_screen;
+    const vant::test::RecordLogs m_logs;
     const vant::detail::SystemCalls m_calls = vant::detail::Calls();
 };
