@@ -43,8 +43,8 @@ public:
         kindStatus = 0x4,
         kindAlarm = 0x8,
         kindSelfClear = 0x10000, ///< an update tells its caller to clear the entry next: see UpdateEntry()
-        kindChecked = 0x20000,   ///< checked by the user: an acknowledged alarm
-        kindVerbose = 0x100000,  ///< shown and logged while "Verbose" is on; it is off at first
+        kindChecked = 0x20000,  ///< checked by the user: an acknowledged alarm; a mask without it hides those
+        kindVerbose = 0x100000, ///< shown and logged while "Verbose" is on; it is off at first
         kindDetailed = 0x800000, ///< shown and logged while "Detailed" is on
     };
 

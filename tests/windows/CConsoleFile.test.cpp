@@ -86,6 +86,36 @@ TEST_F(ConsoleFile, AFileThatCannotBeOpenedRaisesOneAlarmPerEntry)
     EXPECT_THAT(Ids(Vant::alarm), ElementsAre(5u, 6010u));
 }
 
+TEST_F(ConsoleFile, FailingFilesHoldNobodyUp)
+{
+    // A receiver of alarms that logs itself: were a console locked while its file is written, two threads
+    // that come from different consoles would wait for each other.
+    class Receiver : public CVantWnd
+    {
+    public:
+        Receiver() { s_infoRx.AddTail(this); }
+        void OnInfoMsg(int, void*) override { Vant::Console(0, L"an alarm"); }
+    };
+    std::filesystem::create_directories(Dir() + L"Logs\\Console.csv");
+    std::filesystem::create_directories(Dir() + L"Logs\\Alarms.csv");
+    Vant::csl.logTo = Vant::alarm.logTo = 1;
+    const Receiver receiver;
+    constexpr int rounds = 100;
+    {
+        std::vector<std::jthread> crew;
+        for (int t = 0; t < 4; ++t)
+            crew.emplace_back([t] {
+                for (int i = 0; i < rounds; ++i) {
+                    if (t % 2)
+                        Vant::Console(0, L"line");
+                    else
+                        Vant::Alarm(7, 0, L"alarm");
+                }
+            });
+    }
+    EXPECT_GE(Vant::csl.seq, 4 * rounds) << "own lines, and one for each alarm";
+}
+
 TEST_F(ConsoleFile, FourThreadsLoseNothingAndTheWindowIsNotHeldUp)
 {
     constexpr int perThread = 10000;

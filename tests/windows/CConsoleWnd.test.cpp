@@ -431,11 +431,33 @@ TEST_F(ConsoleWnd, LongLinesShiftSideways)
     for (int i = 0; i < 100; ++i)
         console.Key(VK_RIGHT);
     EXPECT_GT(lit(), 0) << "not beyond the end of the longest";
-    const int before = console.paints;
+    console.Settle();
     console.Key(VK_RIGHT);
-    EXPECT_TRUE(before == console.paints);
+    EXPECT_TRUE(console.Pending().IsRectEmpty());
     console.Key(VK_LEFT);
     EXPECT_FALSE(console.Pending().IsRectEmpty());
+}
+
+TEST_F(ConsoleWnd, ADockedConsoleIsDrawnInItsParent)
+{
+    CVantWnd parent;
+    ASSERT_TRUE(parent.CreateWnd(L"", WS_POPUP, CRect(0, 0, 500, 400)));
+    parent.ShowWindow(SW_SHOWNOACTIVATE);
+    Console console;
+    console.title = L"The Output Window";
+    ASSERT_TRUE(console.CreateWnd(L"", WS_CHILD | WS_VISIBLE, CRect(100, 100, 400, 300), &parent, 1));
+    console.Settle();
+    console.AddEntry(0, 0, L"line");
+    CVantWnd::Trigger(0.0, 0.0);
+    EXPECT_EQ(console.Pending().bottom, Px(console, console.RowRc(0)).bottom);
+    SetOpen(console, 2);
+    vant::test::PumpPending();
+    EXPECT_TRUE(Options(console).front()->IsWindowVisible());
+    // The parent goes first: its child's window goes with it, the entries stay.
+    parent.DestroyWindow();
+    EXPECT_EQ(console.m_hWnd, nullptr);
+    CVantWnd::Trigger(0.0, 0.0);
+    EXPECT_EQ(console.entries.GetCount(), 1);
 }
 
 TEST_F(ConsoleWnd, DrawingLeavesNoObjectsBehind)

@@ -93,6 +93,16 @@ TEST_F(AlarmConsole, DoubleClicksAndClicksElsewhere)
     EXPECT_EQ(Selected(), 30u);
 }
 
+TEST_F(AlarmConsole, ClicksHitTheirRowAtEveryScale)
+{
+    alarms.SendMessage(WM_DPICHANGED, MAKEWPARAM(144, 144), 0);
+    ASSERT_EQ(alarms.Dpi().Dpi(), 144);
+    alarms.Click(At(2, boxX));
+    EXPECT_TRUE(IsChecked(30));
+    EXPECT_FALSE(IsChecked(10) || IsChecked(20));
+    EXPECT_GT(At(2, 0).y - At(1, 0).y, 30) << "pixels";
+}
+
 TEST_F(AlarmConsole, KeysSelectAndAcknowledge)
 {
     alarms.Key(VK_SPACE);
