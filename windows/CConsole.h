@@ -116,29 +116,12 @@ public:
     BOOL PreTranslateMessage(MSG* msg) override;
     /** @} */
 
-private:
-    struct LogLine {
-        CString file; ///< empty: the entry is not logged
-        CString text;
-    };
-
-    struct Shown {
-        std::vector<CECEntry> lines; ///< copies of what passed the filter
-        int newest = -1;             ///< index of the last one written
-        int total = 0;               ///< how many there were
-        bool keyed = false;          ///< of entries that are updated in place
-    };
-
 protected:
     /** @name What the window shows; UI thread, units @{ */
     /** The section of the options, closed at first. */
     CCtrlCat* OptionCat();
     /** Inserts "Log To" with the choice of the file. */
     void InsLogTo(CCtrlCat& cat);
-    /** Inserts a check box that switches `bits` of a variable of the console. */
-    template <class T>
-    void InsOption(CCtrlCat& cat, int width, const CString& caption, const CString& tip, T& variable,
-                   unsigned bits);
 
     /** Takes the entries over that changed since the last time and has their rows redrawn, if #entryLock can
      * be had within a millisecond. */
@@ -167,8 +150,6 @@ protected:
     virtual bool OnListKey(UINT key);
     /** @} */
 
-    void OnOption();
-
     unsigned int m_kind = 0; ///< kind bits of the console's entries
 
     BOOL PreCreateWindow(CREATESTRUCT& cs) override;
@@ -186,6 +167,19 @@ protected:
     afx_msg void OnCaptureChanged(CWnd* other);
     DECLARE_MESSAGE_MAP()
 
+private:
+    struct LogLine {
+        CString file; ///< empty: the entry is not logged
+        CString text;
+    };
+
+    struct Shown {
+        std::vector<CECEntry> lines; ///< copies of what passed the filter
+        int newest = -1;             ///< index of the last one written
+        int total = 0;               ///< how many there were
+        bool keyed = false;          ///< of entries that are updated in place
+    };
+
     bool TryLock();
     std::unique_ptr<CECEntry> NewEntry();
     CVantPtr* FindPos(unsigned int id) const;
@@ -194,6 +188,10 @@ protected:
     LogLine LineOf(const CECEntry& entry) const;
     static void Write(const LogLine& line);
 
+    template <class T>
+    void InsOption(CCtrlCat& cat, int width, const CString& caption, const CString& tip, T& variable,
+                   unsigned bits);
+    void OnOption();
     void ArrangeLevels();
     bool Snapshot(Shown& shown);
     void KeepPlace(const Shown& before, int firstBefore);

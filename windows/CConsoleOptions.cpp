@@ -42,6 +42,7 @@ CCtrlCat* CConsole::OptionCat()
     return m_options;
 }
 
+/** A check box that switches `bits` of a variable of the console. */
 template <class T>
 void CConsole::InsOption(CCtrlCat& cat, int width, const CString& caption, const CString& tipText,
                          T& variable, unsigned int bits)
