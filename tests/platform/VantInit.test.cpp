@@ -223,6 +223,12 @@ TEST_F(VantInit, EveryStepFindsWhatTheEarlierOnesMade)
                 EXPECT_NE(Vant::slateB.GetSafeHandle(), nullptr);
             },
         .prepareConsoles = [] { steps.emplace_back("consoles"); },
+        .destroyWindows =
+            [] {
+                steps.emplace_back("windows");
+                EXPECT_NE(Vant::blackL.GetSafeHandle(), nullptr);
+                EXPECT_EQ(ClassNamed(Vant::wndClass).hbrBackground, static_cast<HBRUSH>(Vant::backB));
+            },
     };
     vant::detail::Calls().loadBitmap = [](int id) -> HBITMAP {
         if (id == 3002)
@@ -231,6 +237,8 @@ TEST_F(VantInit, EveryStepFindsWhatTheEarlierOnesMade)
     };
     Vant::Init();
     EXPECT_THAT(steps, ElementsAre("tool tip", "consoles", "skins"));
+    Vant::Exit();
+    EXPECT_EQ(steps.back(), "windows");
 }
 
 TEST_F(VantInit, ExitDeletesAllButWhatOutlivesIt)
