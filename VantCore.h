@@ -40,3 +40,6 @@
 #include "windows/CConsole.h"
 #include "windows/CCslAlm.h"
 #include "windows/CCslComms.h"
+#include "windows/CEMsgBox.h"
+#include "windows/CEMsgBoxModal.h"
+#include "windows/CEToolTip.h"

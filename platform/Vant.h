@@ -42,12 +42,12 @@ public:
     ///@}
 
     /** @name Options and run state
-     *  Except for #options and #hIcon the library neither reads nor writes these; they are state that the
-     * parts of an application share. */
+     *  Except for #options, #hIcon and #hoverTime the library neither reads nor writes these; they are state
+     * that the parts of an application share. */
     ///@{
     static unsigned int
         options;             ///< option bits, 0x29 at first: 0x20 no sound at all, 0x08 no sound but sound 3
-    static double hoverTime; ///< seconds; 0.3
+    static double hoverTime; ///< rest of the mouse before a tool tip shows, seconds; 0.3
     static double minRng;    ///< metres; 4
     static double maxRng;    ///< metres; 120
     static int vantOnline;   ///< 1
@@ -165,8 +165,9 @@ public:
      * call left is replaced. */
     static void Init();
 
-    /** Deletes the pens blackL to tealL and the brushes blackB to tealB. slateL, slateB, the fonts and the
-     * skins deliberately stay until the process ends, the window classes with a stock background. */
+    /** Destroys the windows of the tool tip and the message box, and deletes the pens blackL to tealL and the
+     * brushes blackB to tealB. slateL, slateB, the fonts and the skins deliberately stay until the process
+     * ends, the window classes with a stock background. */
     static void Exit();
 
     /** Writes imgInd to, or reads it from, the item "ImgInd"; the settings object decides which. */
@@ -269,7 +270,11 @@ public:
 
     /** Shows a message; `type` is any sum of the bits above, `fmt` as for the loggers. With #msgModal it
      * waits for the user and returns the button: IDOK, IDCANCEL, IDYES or IDNO, or 0 if no box can be shown.
-     * Without, it shows the text for five ticks of the box and returns 1 at once, whatever happens to it. */
+     * Without, it shows the text for five ticks of the box and returns 1 at once, whatever happens to it.
+     *
+     *  Callable from any thread: the box is always the UI thread's, which must handle messages and, for a
+     * modal one, must not be waiting for the caller. Before Init() and after Exit() a modal message is a
+     * message box of the system, any other one a line on the general console. */
     static int MsgBox(int type, CString fmt, ...);
     ///@}
 

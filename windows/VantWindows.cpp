@@ -4,6 +4,8 @@
 #include "windows/CConsole.h"
 #include "windows/CCslAlm.h"
 #include "windows/CCslComms.h"
+#include "windows/CEMsgBox.h"
+#include "windows/CEToolTip.h"
 
 /** @file
  *  The windows that the platform class owns, and what ties it to them. The style that controls copy stands
@@ -16,6 +18,8 @@ CConsole Vant::csl;
 CCslComms Vant::comms;
 CConsole Vant::status;
 CCslAlm Vant::alarm;
+CEMsgBox Vant::msgBox;
+CEToolTip Vant::toolTip;
 
 namespace
 {
