@@ -164,6 +164,7 @@ void CBridge::Finish()
     m_finished = true;
     Vant::vantClosing = 1;
     KillTimer(frameTimer);
+    m_session.failed |= m_script && !m_script->IsDone(); // closed too early
     if (IsIconic())
         ShowWindow(SW_SHOWNOACTIVATE);
     m_session.pictureSaved = SavePicture(m_session, pictureName);

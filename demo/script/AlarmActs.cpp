@@ -47,7 +47,7 @@ const Act acts[] = {
          s.before = s.session.paused;
          s.hands.Type(L" ");
      },
-     [](const Stage& s) { return s.session.paused == !s.before; }},
+     [](const Stage& s) { return s.session.paused == (s.before == 0.0); }},
 
     {L"a click acknowledges the alarm",
      [](Stage& s) { s.hands.Click(Vant::alarm, AlarmRows::BoxOf(shallow)); },

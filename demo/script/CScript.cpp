@@ -10,11 +10,13 @@ CScript::CScript(const Stage& stage, std::vector<Act> acts)
     : m_stage(stage)
     , m_acts(std::move(acts))
 {
+    // The keyboard goes where the acts take it, not where the real mouse happens to be.
+    CVantWnd::s_inhibitFocus = 1;
 }
 
 bool CScript::Step(double t)
 {
-    if (m_current >= m_acts.size())
+    if (IsDone())
         return true;
     const Act& act = m_acts[m_current];
     if (!m_begun) {
@@ -24,13 +26,16 @@ bool CScript::Step(double t)
     }
     const bool busy = m_stage.hands.Move();
     const bool passed = !busy && act.holds(m_stage);
-    if (!passed && t - m_start < patience)
+    const double allowed = patience + tapePatience / m_stage.session.rate;
+    if (!passed && t - m_start < allowed)
         return false;
     m_stage.hands.Drop();
     Report(act, passed);
     m_current = passed ? m_current + 1 : m_acts.size(); // what follows counts on what was before
     m_begun = false;
-    return m_current >= m_acts.size();
+    if (IsDone())
+        CVantWnd::s_inhibitFocus = 0;
+    return IsDone();
 }
 
 void CScript::Report(const Act& act, bool passed)

@@ -14,7 +14,7 @@ struct Stage {
     CVantWnd& bridge;
     CSetupWnd& setup;
     CInput& hands;
-    int before = 0; ///< what an act found when it began
+    double before = 0.0; ///< what an act found when it began
 };
 
 /** Something to do and what must come of it. */
@@ -30,12 +30,15 @@ struct Act {
 class CScript
 {
 public:
-    static constexpr double patience = 12.0; ///< seconds after which an act has failed
+    /** Seconds after which an act has failed, and how many seconds of the tape it may wait for besides. */
+    static constexpr double patience = 12.0;
+    static constexpr double tapePatience = 30.0;
 
     CScript(const Stage& stage, std::vector<Act> acts);
 
     /** Goes on a little; called several times a second. @param t  seconds @return whether all is done */
     bool Step(double t);
+    bool IsDone() const noexcept { return m_current >= m_acts.size(); }
 
 private:
     void Report(const Act& act, bool passed);

@@ -24,6 +24,13 @@ CERadius& TheDial()
     return static_cast<CERadius&>(OfType(CECtrl::typeRadius));
 }
 
+/** A button that changes the speed that is on. */
+CWnd& SpeedButton(const Stage& stage)
+{
+    constexpr double fast = 15.0;
+    return *stage.setup.GetDlgItem(stage.session.rate > fast ? CSetupWnd::idSlower : CSetupWnd::idFaster);
+}
+
 /** Where the dial's handle is, pixels. */
 CPoint Handle()
 {
@@ -131,24 +138,24 @@ const Act acts[] = {
 
     {L"a button changes the speed",
      [](Stage& s) {
-         s.before = static_cast<int>(s.session.rate);
-         s.hands.Click(*s.setup.GetDlgItem(CSetupWnd::idFaster));
+         s.before = s.session.rate;
+         s.hands.Click(SpeedButton(s));
      },
-     [](const Stage& s) { return s.session.rate > s.before; }},
+     [](const Stage& s) { return s.session.rate != s.before; }},
 
-    {L"another one changes it back",
+    {L"the other one changes it back",
      [](Stage& s) {
-         s.before = static_cast<int>(s.session.rate);
-         s.hands.Click(*s.setup.GetDlgItem(CSetupWnd::idSlower));
+         s.before = s.session.rate;
+         s.hands.Click(SpeedButton(s));
      },
-     [](const Stage& s) { return s.session.rate < s.before; }},
+     [](const Stage& s) { return s.session.rate != s.before; }},
 
     {L"the check lets the log go on",
      [](Stage& s) {
          s.before = s.session.paused;
          s.hands.Click(BoundTo(&s.session.paused));
      },
-     [](const Stage& s) { return s.before && !s.session.paused; }},
+     [](const Stage& s) { return s.before != 0.0 && !s.session.paused; }},
 
     {L"the message has closed itself", [](Stage&) {},
      [](const Stage&) { return Vant::msgBox.m_hWnd && !IsSeen(Vant::msgBox); }},

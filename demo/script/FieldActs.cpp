@@ -1,4 +1,5 @@
 #include "controls/CEEdit.h"
+#include "controls/CVantWnd.h"
 #include "demo/script/Acts.h"
 #include "demo/script/Find.h"
 #include "platform/Vant.h"
@@ -23,6 +24,19 @@ bool LimitStays(const Stage& stage, const wchar_t* text)
 }
 
 const Act acts[] = {
+    {L"every category is open",
+     [](Stage& s) {
+         for (CVantPtr* pos = s.setup.Cats().GetHeadPos(); pos;) {
+             const CCtrlCat* const category = s.setup.Cats().GetNext(pos);
+             if (!category->expanded)
+                 s.hands.Click(BoundTo(&category->expanded));
+         }
+     },
+     [](const Stage& s) {
+         return IsSeen(LimitField(s)) && IsSeen(BoundTo(&s.session.settings.port)) &&
+                IsSeen(BoundTo(&s.session.settings.mounting.slope));
+     }},
+
     {L"the display is metric",
      [](Stage& s) {
          if (s.session.settings.units != 0)
@@ -62,7 +76,7 @@ const Act acts[] = {
          s.before = HasFocus(BoundTo(&s.session.settings.lostFix));
          s.hands.Key(VK_TAB);
      },
-     [](const Stage& s) { return s.before != 0 && HasFocus(BoundTo(&s.session.settings.sound)); }},
+     [](const Stage& s) { return s.before != 0.0 && HasFocus(BoundTo(&s.session.settings.sound)); }},
 
     {L"Escape leaves a field without storing",
      [](Stage& s) {

@@ -24,15 +24,17 @@ TEST(Options, DefaultsWithoutArguments)
     EXPECT_EQ(L"", options.log);
     EXPECT_EQ(L"out", options.out);
     EXPECT_FALSE(options.help);
+    EXPECT_FALSE(options.script);
     EXPECT_EQ(L"", options.error);
 }
 
 TEST(Options, TakesAllOfThemInAnyOrder)
 {
-    const Options options =
-        Parse({L"--out", L"C:\\My runs", L"--rate", L"0.5", L"--log", L"b.nmea", L"--seconds", L"12.5"});
+    const Options options = Parse({L"--script", L"--out", L"C:\\My runs", L"--rate", L"0.5", L"--log",
+                                   L"b.nmea", L"--seconds", L"12.5"});
     EXPECT_EQ(L"", options.error);
     EXPECT_EQ(12.5, options.seconds);
+    EXPECT_TRUE(options.script);
     EXPECT_EQ(0.5, options.rate);
     EXPECT_EQ(L"b.nmea", options.log);
     EXPECT_EQ(L"C:\\My runs", options.out);

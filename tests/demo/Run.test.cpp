@@ -306,7 +306,7 @@ TEST_F(DemoRun, TheScriptPassesAndWhatItSetIsRestored)
     const std::string settings = Contents(m_dir / "VantDemo.xml");
     EXPECT_EQ("2", Item(settings, "Runs"));
     EXPECT_EQ("15.5", Item(settings, "ShallowLimit"));
-    EXPECT_EQ(10 | 20 << 8 | 42 << 24, Number(settings, "Address"));
+    EXPECT_EQ("0x2a00140a", Item(settings, "Address")) << "10.20.0.42";
     EXPECT_THAT(Item(settings, "BeamSlope"), testing::StartsWith("1.22")) << "70 degrees";
 }
 

@@ -49,3 +49,9 @@ TEST(Text, TimesAreCutNotRounded)
     EXPECT_EQ(L"1:02:03", DurationText(3723.0));
     EXPECT_EQ(L"0:00", DurationText(-3.0));
 }
+
+TEST(Text, AddressesStartWithTheLowestByte)
+{
+    EXPECT_EQ(L"192.168.0.40:10110", AddressText(0x2800A8C0, 10110));
+    EXPECT_EQ(L"255.255.255.255:1", AddressText(0xFFFFFFFF, 1));
+}
