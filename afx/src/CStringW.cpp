@@ -1,5 +1,6 @@
 #include <afx.h>
 
+#include "detail/BlockCache.h"
 #include "detail/CodePage.h"
 #include "detail/NewHandler.h"
 #include "detail/WideFormat.h"
@@ -16,6 +17,13 @@ constinit CStringW::EmptyBlock CStringW::s_empty = {{0, 0, 0}, {L'\0'}};
 
 namespace
 {
+
+constinit vafx::detail::BlockCache g_blocks;
+
+/** Empties the cache when the module ends. */
+struct CacheEnd {
+    ~CacheEnd() { g_blocks.Close(); }
+} const g_cacheEnd;
 
 constexpr int maxLength = (INT_MAX - 64) / static_cast<int>(sizeof(wchar_t));
 
@@ -57,16 +65,19 @@ CStringW::Block* CStringW::NewBlock(int capacity)
     if (capacity < 0 || capacity > maxLength)
         AfxThrowMemoryException();
     // Rounded up to the heap's grain, so that short appends often find room.
-    constexpr std::size_t grain = 16;
+    constexpr std::size_t grain = vafx::detail::BlockCache::grain;
     const std::size_t bytes = sizeof(Block) + (static_cast<std::size_t>(capacity) + 1) * sizeof(wchar_t);
     const std::size_t rounded = (bytes + grain - 1) / grain * grain;
-    void* const memory = vafx::detail::Allocate(rounded);
+    void* memory = g_blocks.Take(rounded);
+    if (memory == nullptr)
+        memory = vafx::detail::Allocate(rounded);
     return new (memory) Block{1, 0, static_cast<int>((rounded - sizeof(Block)) / sizeof(wchar_t)) - 1};
 }
 
 void CStringW::FreeBlock(Block* block) noexcept
 {
-    std::free(block);
+    const auto units = static_cast<std::size_t>(block->capacity) + 1;
+    g_blocks.Give(block, sizeof(Block) + units * sizeof(wchar_t));
 }
 
 void CStringW::SetLength(int length) noexcept

@@ -1,4 +1,5 @@
 list(APPEND afx_tests
+  BlockCache.test.cpp
   CArchive.test.cpp
   CException.test.cpp
   CFile.test.cpp
