@@ -75,34 +75,6 @@ void CAoi::SetCentre(double x, double y)
     CalcExt();
 }
 
-void CAoi::SetTL(double x, double y)
-{
-    left = x;
-    top = y;
-    CalcCentre();
-}
-
-void CAoi::SetTR(double x, double y)
-{
-    right = x;
-    top = y;
-    CalcCentre();
-}
-
-void CAoi::SetBL(double x, double y)
-{
-    left = x;
-    bottom = y;
-    CalcCentre();
-}
-
-void CAoi::SetBR(double x, double y)
-{
-    right = x;
-    bottom = y;
-    CalcCentre();
-}
-
 void CAoi::Scale(double sx, double sy)
 {
     SetWidth(width * sx, height * sy);

@@ -47,13 +47,13 @@ public:
     void SetCentre(const CV3& pt) { SetCentre(pt.x, pt.y); }
 
     /** @name Setting one corner; the opposite bounds stay, derived values are refreshed @{ */
-    void SetTL(double x, double y);
+    void SetTL(double x, double y) { SetCorner(left, x, top, y); }
     void SetTL(const CV3& pt) { SetTL(pt.x, pt.y); }
-    void SetTR(double x, double y);
+    void SetTR(double x, double y) { SetCorner(right, x, top, y); }
     void SetTR(const CV3& pt) { SetTR(pt.x, pt.y); }
-    void SetBL(double x, double y);
+    void SetBL(double x, double y) { SetCorner(left, x, bottom, y); }
     void SetBL(const CV3& pt) { SetBL(pt.x, pt.y); }
-    void SetBR(double x, double y);
+    void SetBR(double x, double y) { SetCorner(right, x, bottom, y); }
     void SetBR(const CV3& pt) { SetBR(pt.x, pt.y); }
     /** @} */
 
@@ -101,4 +101,12 @@ public:
     double height = 0.0; ///< bottom - top
     double cx = 0.0;     ///< centre x
     double cy = 0.0;     ///< centre y
+
+private:
+    void SetCorner(double& side, double x, double& edge, double y)
+    {
+        side = x;
+        edge = y;
+        CalcCentre();
+    }
 };
