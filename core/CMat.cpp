@@ -98,19 +98,6 @@ void CMat::Translate(double x, double y, double z) noexcept
     SetOrg(LocalToGlobal({x, y, z}));
 }
 
-void CMat::Append(const CMat* n) noexcept
-{
-    if (!n)
-        return;
-    double product[3][4];
-    for (int r = 0; r < 3; ++r) {
-        for (int c = 0; c < 4; ++c)
-            product[r][c] = m[r][0] * n->m[0][c] + m[r][1] * n->m[1][c] + m[r][2] * n->m[2][c];
-        product[r][3] += m[r][3];
-    }
-    std::memcpy(m, product, sizeof m);
-}
-
 void CMat::Resize(unsigned depth)
 {
     if (depth > 0)

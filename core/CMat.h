@@ -3,6 +3,8 @@
 #include "core/CV3.h"
 #include "core/VantApi.h"
 
+#include <cstring>
+
 /** An affine transform from a local frame to the global one, with a stack on which it can be saved.
  *
  *  m[r][c] for c below 3 is the global component r of the local unit axis c, and m[r][3] the origin of the
@@ -38,7 +40,18 @@ public:
     /** Moves the origin by local coordinates. */
     void Translate(double x, double y, double z) noexcept;
     /** Applies another transform before this one: this becomes this times n. Null is ignored. */
-    void Append(const CMat* n) noexcept;
+    void Append(const CMat* n) noexcept
+    {
+        if (!n)
+            return;
+        double product[3][4];
+        for (int r = 0; r < 3; ++r) {
+            for (int c = 0; c < 4; ++c)
+                product[r][c] = m[r][0] * n->m[0][c] + m[r][1] * n->m[1][c] + m[r][2] * n->m[2][c];
+            product[r][3] += m[r][3];
+        }
+        std::memcpy(m, product, sizeof m);
+    }
 
     /** Saves the transform; the 32nd and later ones are not saved. When memory runs out the process ends
      * through EUtil::FatalMemErr. */
@@ -114,7 +127,8 @@ private:
 
     double ToGlobal(int r, double x, double y, double z) const noexcept
     {
-        return m[r][0] * x + m[r][1] * y + m[r][2] * z + m[r][3];
+        // In two halves that do not wait for one another.
+        return (m[r][0] * x + m[r][1] * y) + (m[r][2] * z + m[r][3]);
     }
     double ToLocal(int c, double x, double y, double z) const noexcept
     {

@@ -6,6 +6,7 @@
 #include <afx.h>
 
 #include <cmath>
+#include <emmintrin.h>
 #include <type_traits>
 
 /** A vector or point of three doubles: x to the east or right, y to the north or up the screen, z up.
@@ -69,7 +70,16 @@ public:
     int operator>=(const CV3& b) const noexcept { return Length() >= b.Length(); }
 
     /** The dot product. */
-    constexpr double operator|(const CV3& b) const noexcept { return x * b.x + y * b.y + z * b.z; }
+    constexpr double operator|(const CV3& b) const noexcept
+    {
+        if (std::is_constant_evaluated())
+            return x * b.x + y * b.y + z * b.z;
+        // The same by hand, two products at a time: left to it, the compiler takes whole vectors apart and
+        // together again in a loop over many.
+        const __m128d products = _mm_mul_pd(_mm_loadu_pd(&x), _mm_loadu_pd(&b.x));
+        const __m128d sum = _mm_add_sd(products, _mm_unpackhi_pd(products, products));
+        return _mm_cvtsd_f64(sum) + z * b.z;
+    }
     /** The cross product. */
     constexpr CV3 operator%(const CV3& b) const noexcept
     {
