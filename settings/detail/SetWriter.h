@@ -1,6 +1,8 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
+#include <cstring>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -59,11 +61,13 @@ public:
 
     void Item(Text name, Text value)
     {
-        Put("\t\t\t<");
+        if (PutPlainItem(name, value))
+            return;
+        Put(itemStart);
         Put(name);
-        Put(" val=\"");
+        Put(itemMiddle);
         Put(value);
-        Put("\"/>\r\n");
+        Put(itemEnd);
     }
 
     void Data(Text text)
@@ -84,6 +88,71 @@ public:
     }
 
 private:
+    static constexpr std::string_view itemStart = "\t\t\t<";
+    static constexpr std::string_view itemMiddle = " val=\"";
+    static constexpr std::string_view itemEnd = "\"/>\r\n";
+
+    /** An item as nearly all are: one that fits the buffer, of characters that go out as they are. False, and
+     *  nothing put, for any other. */
+    bool PutPlainItem(Text name, Text value)
+    {
+        const std::size_t size =
+            itemStart.size() + name.size() + itemMiddle.size() + value.size() + itemEnd.size();
+        if (m_buffer.size() - m_size < size)
+            Flush();
+        if (m_buffer.size() < size)
+            return false;
+        char* const out = m_buffer.data() + m_size;
+        char* const middle = out + itemStart.size() + name.size();
+        char* const end = middle + itemMiddle.size() + value.size();
+        if (!Narrow(name, out + itemStart.size()) || !Narrow(value, middle + itemMiddle.size()))
+            return false;
+        std::memcpy(out, itemStart.data(), itemStart.size());
+        std::memcpy(middle, itemMiddle.data(), itemMiddle.size());
+        std::memcpy(end, itemEnd.data(), itemEnd.size());
+        m_size += size;
+        return true;
+    }
+
+    /** Narrows a text of plain characters; false when there is another one in it. Takes four at a time: a
+     *  settings file is mostly that. */
+    static bool Narrow(Text text, char* out) noexcept
+    {
+        const Char* const in = text.data();
+        if constexpr (sizeof(Char) == sizeof(std::uint16_t)) {
+            constexpr std::size_t step = sizeof(std::uint64_t) / sizeof(Char);
+            if (text.size() >= step) {
+                const std::size_t last = text.size() - step; // may overlap the step before
+                for (std::size_t i = 0; i < last; i += step) {
+                    if (!NarrowFour(in + i, out + i))
+                        return false;
+                }
+                return NarrowFour(in + last, out + last);
+            }
+        }
+        for (std::size_t i = 0; i < text.size(); ++i) {
+            if (!IsPlain(in[i]))
+                return false;
+            out[i] = static_cast<char>(in[i]);
+        }
+        return true;
+    }
+
+    static bool NarrowFour(const Char* in, char* out) noexcept
+    {
+        constexpr std::uint64_t lanes = 0x0001'0001'0001'0001U;
+        std::uint64_t word = 0;
+        std::memcpy(&word, in, sizeof word);
+        const bool ascii = (word & lanes * 0xFF80U) == 0;
+        // A carry into a lane's bit 7 tells characters from the blank on.
+        if (!ascii || ((word + lanes * (0x80U - ' ')) & lanes * 0x80U) != lanes * 0x80U)
+            return false;
+        word = (word | word >> 8) & 0x0000'FFFF'0000'FFFFU;
+        const auto bytes = static_cast<std::uint32_t>(word | word >> 16);
+        std::memcpy(out, &bytes, sizeof bytes);
+        return true;
+    }
+
     void Flush()
     {
         m_drain(m_buffer.data(), m_size);
