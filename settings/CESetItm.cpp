@@ -1,6 +1,6 @@
 #include "settings/CESetItm.h"
 
-#include "settings/detail/SlotPool.h"
+#include "core/detail/SlotPool.h"
 
 #include <new>
 

@@ -1,28 +1,14 @@
-#include "settings/detail/SlotPool.h"
+#include "core/detail/SlotPool.h"
 
+#include <mutex>
 #include <new>
+#include <windows.h>
 
 namespace vant::detail
 {
 
 namespace
 {
-
-class Locked
-{
-public:
-    explicit Locked(SRWLOCK& lock) noexcept
-        : m_lock(lock)
-    {
-        AcquireSRWLockExclusive(&m_lock);
-    }
-    Locked(const Locked&) = delete;
-    Locked& operator=(const Locked&) = delete;
-    ~Locked() { ReleaseSRWLockExclusive(&m_lock); }
-
-private:
-    SRWLOCK& m_lock;
-};
 
 void* NewBlock()
 {
@@ -57,7 +43,7 @@ void SlotPool::UnlinkWithRoom(Block& block) noexcept
 
 void* SlotPool::Take()
 {
-    const Locked locked(m_lock);
+    const std::lock_guard locked(m_lock);
     if (m_withRoom == nullptr) {
         static_assert(sizeof(Block) % alignof(std::max_align_t) == 0);
         LinkWithRoom(*new (NewBlock()) Block{nullptr, nullptr, nullptr, 0, sizeof(Block)});
@@ -82,7 +68,7 @@ void SlotPool::Return(void* slot) noexcept
     if (slot == nullptr)
         return;
     Block& block = *reinterpret_cast<Block*>(reinterpret_cast<std::uintptr_t>(slot) & ~(blockSize - 1));
-    const Locked locked(m_lock);
+    const std::lock_guard locked(m_lock);
     if (IsFull(block))
         LinkWithRoom(block);
     block.returned = new (slot) Slot{block.returned};

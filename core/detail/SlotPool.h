@@ -1,14 +1,41 @@
 #pragma once
 
+#include <atomic>
 #include <cstddef>
 #include <cstdint>
-#include <windows.h>
 
 namespace vant::detail
 {
 
+/** A lock that is held for a few instructions: one atomic operation takes it and one releases it, as long as
+ * nobody else wants it. */
+class BriefLock
+{
+public:
+    void lock() noexcept
+    {
+        unsigned expected = isFree;
+        if (m_state.compare_exchange_strong(expected, isTaken, std::memory_order_acquire))
+            return;
+        while (m_state.exchange(isWaitedFor, std::memory_order_acquire) != isFree)
+            m_state.wait(isWaitedFor, std::memory_order_relaxed);
+    }
+    void unlock() noexcept
+    {
+        if (m_state.exchange(isFree, std::memory_order_release) == isWaitedFor)
+            m_state.notify_one();
+    }
+
+private:
+    static constexpr unsigned isFree = 0;
+    static constexpr unsigned isTaken = 1;
+    static constexpr unsigned isWaitedFor = 2;
+
+    std::atomic<unsigned> m_state = isFree;
+};
+
 /** Memory for very many small objects of one size, at a fraction of what the heap takes in time and space; a
- *  settings tree holds hundreds of thousands of items. May be used by several threads at a time.
+ *  settings tree holds hundreds of thousands of items and of nodes. May be used by several threads at a time.
  *
  *  Slots come out of blocks that are aligned to their own size, so that a slot's address tells its block. A
  *  block without used slots goes back to the system, but for one that is kept in reserve. A pool that ends
@@ -55,7 +82,7 @@ private:
     void UnlinkWithRoom(Block& block) noexcept;
 
     const std::uint32_t m_slotSize;
-    SRWLOCK m_lock = SRWLOCK_INIT;
+    BriefLock m_lock;
     Block* m_withRoom = nullptr;
     std::size_t m_blocks = 0;
 };
