@@ -1,5 +1,6 @@
 #include "core/CMat.h"
 
+#include "core/FatalMemory.h"
 #include "core/Geometry.h"
 
 #include <afx.h>
@@ -288,4 +289,23 @@ TEST(CMat, ArchiveFormIsTwelveDoubles)
     EXPECT_TRUE(Same(back, source));
     back.Pop();
     EXPECT_TRUE(Same(back, CMat()));
+}
+
+TEST(CMatDeathTest, ASaveWithoutMemoryEndsTheProcess)
+{
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    EXPECT_EXIT(
+        {
+            PrintFatalErrors();
+            LeaveNoRoomBeyond(0);
+            CMat().Push();
+        },
+        testing::ExitedWithCode(1), "Cause: Realloc cannot allocate 8 bytes");
+    EXPECT_EXIT(
+        {
+            PrintFatalErrors();
+            LeaveNoRoomBeyond(sizeof(void*));
+            CMat().Push();
+        },
+        testing::ExitedWithCode(1), "Cause: Malloc cannot allocate \\d+ bytes");
 }

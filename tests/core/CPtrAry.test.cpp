@@ -1,7 +1,7 @@
 #include "core/CPtrAry.h"
 
 #include "core/Counted.h"
-#include "platform/detail/SystemCalls.h"
+#include "core/FatalMemory.h"
 
 #include <afx.h>
 
@@ -168,10 +168,7 @@ TEST(CPtrAryDeathTest, ExhaustedMemoryEndsTheProcess)
     GTEST_FLAG_SET(death_test_style, "threadsafe");
     EXPECT_EXIT(
         {
-            vant::detail::Calls().showFatalError = [](LPCWSTR text, LPCWSTR) {
-                fprintf(stderr, "%ls\n", text);
-                fflush(stderr);
-            };
+            PrintFatalErrors();
             CPtrAry<Entry>().SetSize(0xFFFFFFFF);
         },
         testing::ExitedWithCode(1),

@@ -1,5 +1,7 @@
 #include "core/CStatBuf.h"
 
+#include "core/FatalMemory.h"
+
 #include <algorithm>
 #include <cmath>
 #include <deque>
@@ -321,4 +323,24 @@ TEST(CStatBufArchive, DamageThrowsAndLeavesTheBuffer)
         EXPECT_EQ(Load(file, buffer), damage.cause) << damage.what;
         EXPECT_EQ(buffer.GetAvg(), 55.0) << damage.what;
     }
+}
+
+TEST(CStatBufDeathTest, ARingWithoutMemoryEndsTheProcess)
+{
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    EXPECT_EXIT(
+        {
+            PrintFatalErrors();
+            LeaveNoRoomBeyond(0);
+            CStatBuf().SetSize(100);
+        },
+        testing::ExitedWithCode(1), "Cause: Realloc cannot allocate 800 bytes");
+    EXPECT_EXIT(
+        {
+            PrintFatalErrors();
+            const CStatBuf buffer = Filled(100, {1, 2});
+            LeaveNoRoomBeyond(0);
+            const CStatBuf copy(buffer);
+        },
+        testing::ExitedWithCode(1), "Cause: Malloc cannot allocate 800 bytes");
 }
