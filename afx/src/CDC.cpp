@@ -30,6 +30,24 @@ auto OnBoth(const CDC& dc, F change)
     return change(dc.m_hAttribDC);
 }
 
+/** What a function of the system writes through the last of its arguments. */
+template <class Value, class Call, class... Args>
+Value Answer(HDC dc, Call call, Args... args)
+{
+    Value value;
+    call(dc, args..., &value);
+    return value;
+}
+
+/** Makes a change to both contexts with a function of the system that answers the value before. */
+template <class Value, class Call, class... Args>
+Value Exchange(const CDC& dc, Call call, Args... args)
+{
+    Value old;
+    OnBoth(dc, [&](HDC handle) { return call(handle, args..., &old); });
+    return old;
+}
+
 } // namespace
 
 CDC::CDC() noexcept
@@ -282,9 +300,7 @@ int CDC::GetStretchBltMode() const
 
 CPoint CDC::SetBrushOrg(int x, int y)
 {
-    CPoint old;
-    ::SetBrushOrgEx(m_hDC, x, y, &old);
-    return old;
+    return Answer<CPoint>(m_hDC, ::SetBrushOrgEx, x, y);
 }
 
 CPoint CDC::SetBrushOrg(POINT point)
@@ -294,9 +310,7 @@ CPoint CDC::SetBrushOrg(POINT point)
 
 CPoint CDC::GetBrushOrg() const
 {
-    CPoint origin;
-    ::GetBrushOrgEx(m_hDC, &origin);
-    return origin;
+    return Answer<CPoint>(m_hDC, ::GetBrushOrgEx);
 }
 
 int CDC::SetMapMode(int nMapMode)
@@ -311,9 +325,7 @@ int CDC::GetMapMode() const
 
 CPoint CDC::SetViewportOrg(int x, int y)
 {
-    CPoint old;
-    OnBoth(*this, [&](HDC dc) { return ::SetViewportOrgEx(dc, x, y, &old); });
-    return old;
+    return Exchange<CPoint>(*this, ::SetViewportOrgEx, x, y);
 }
 
 CPoint CDC::SetViewportOrg(POINT point)
@@ -323,23 +335,17 @@ CPoint CDC::SetViewportOrg(POINT point)
 
 CPoint CDC::GetViewportOrg() const
 {
-    CPoint origin;
-    ::GetViewportOrgEx(m_hAttribDC, &origin);
-    return origin;
+    return Answer<CPoint>(m_hAttribDC, ::GetViewportOrgEx);
 }
 
 CPoint CDC::OffsetViewportOrg(int nWidth, int nHeight)
 {
-    CPoint old;
-    OnBoth(*this, [&](HDC dc) { return ::OffsetViewportOrgEx(dc, nWidth, nHeight, &old); });
-    return old;
+    return Exchange<CPoint>(*this, ::OffsetViewportOrgEx, nWidth, nHeight);
 }
 
 CSize CDC::SetViewportExt(int cx, int cy)
 {
-    CSize old;
-    OnBoth(*this, [&](HDC dc) { return ::SetViewportExtEx(dc, cx, cy, &old); });
-    return old;
+    return Exchange<CSize>(*this, ::SetViewportExtEx, cx, cy);
 }
 
 CSize CDC::SetViewportExt(SIZE size)
@@ -349,16 +355,12 @@ CSize CDC::SetViewportExt(SIZE size)
 
 CSize CDC::GetViewportExt() const
 {
-    CSize extent;
-    ::GetViewportExtEx(m_hAttribDC, &extent);
-    return extent;
+    return Answer<CSize>(m_hAttribDC, ::GetViewportExtEx);
 }
 
 CPoint CDC::SetWindowOrg(int x, int y)
 {
-    CPoint old;
-    OnBoth(*this, [&](HDC dc) { return ::SetWindowOrgEx(dc, x, y, &old); });
-    return old;
+    return Exchange<CPoint>(*this, ::SetWindowOrgEx, x, y);
 }
 
 CPoint CDC::SetWindowOrg(POINT point)
@@ -368,16 +370,12 @@ CPoint CDC::SetWindowOrg(POINT point)
 
 CPoint CDC::GetWindowOrg() const
 {
-    CPoint origin;
-    ::GetWindowOrgEx(m_hAttribDC, &origin);
-    return origin;
+    return Answer<CPoint>(m_hAttribDC, ::GetWindowOrgEx);
 }
 
 CSize CDC::SetWindowExt(int cx, int cy)
 {
-    CSize old;
-    OnBoth(*this, [&](HDC dc) { return ::SetWindowExtEx(dc, cx, cy, &old); });
-    return old;
+    return Exchange<CSize>(*this, ::SetWindowExtEx, cx, cy);
 }
 
 CSize CDC::SetWindowExt(SIZE size)
@@ -387,9 +385,7 @@ CSize CDC::SetWindowExt(SIZE size)
 
 CSize CDC::GetWindowExt() const
 {
-    CSize extent;
-    ::GetWindowExtEx(m_hAttribDC, &extent);
-    return extent;
+    return Answer<CSize>(m_hAttribDC, ::GetWindowExtEx);
 }
 
 void CDC::DPtoLP(LPPOINT lpPoints, int nCount) const

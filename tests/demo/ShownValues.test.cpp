@@ -8,6 +8,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <initializer_list>
 
 using namespace demo;
 
@@ -30,6 +31,21 @@ std::string AllLines()
     return lines;
 }
 
+struct Shown {
+    Quantity quantity;
+    const wchar_t* text;
+    const wchar_t* unit;
+};
+
+void ExpectShown(const ShownValues& values, std::initializer_list<Shown> expected)
+{
+    for (const Shown& row : expected) {
+        SCOPED_TRACE(static_cast<int>(row.quantity));
+        EXPECT_EQ(row.text, values.Text(row.quantity));
+        EXPECT_EQ(row.unit, values.Unit(row.quantity));
+    }
+}
+
 } // namespace
 
 TEST_F(ShownValuesTest, FollowTheUnitSystem)
@@ -39,24 +55,17 @@ TEST_F(ShownValuesTest, FollowTheUnitSystem)
     playback.Advance(1.0);
     ShownValues values;
     values.Take(playback);
-    EXPECT_EQ(L"13.0", values.Text(Quantity::DepthBelowSurface));
-    EXPECT_EQ(L"m", values.Unit(Quantity::DepthBelowSurface));
-    EXPECT_EQ(L"12.40", values.Text(Quantity::DepthBelowTransducer));
-    EXPECT_EQ(L"5.1", values.Text(Quantity::SpeedOverGround));
-    EXPECT_EQ(L"m/s", values.Unit(Quantity::SpeedOverGround));
-    EXPECT_EQ(L"14.3", values.Text(Quantity::WaterTemperature));
-    EXPECT_EQ(L"\u00B0C", values.Unit(Quantity::WaterTemperature));
-    EXPECT_EQ(L"0", values.Text(Quantity::TurnRate)) << "no negative zero";
-    EXPECT_EQ(L"\u00B0/min", values.Unit(Quantity::TurnRate));
+    ExpectShown(values, {{Quantity::DepthBelowSurface, L"13.0", L"m"},
+                         {Quantity::DepthBelowTransducer, L"12.40", L"m"},
+                         {Quantity::SpeedOverGround, L"5.1", L"m/s"},
+                         {Quantity::WaterTemperature, L"14.3", L"\u00B0C"},
+                         {Quantity::TurnRate, L"0", L"\u00B0/min"}}); // no negative zero
 
     EXPECT_EQ(1, SwitchUnits());
-    EXPECT_EQ(L"42.7", values.Text(Quantity::DepthBelowSurface));
-    EXPECT_EQ(L"ft", values.Unit(Quantity::DepthBelowSurface));
-    EXPECT_EQ(L"16.9", values.Text(Quantity::SpeedOverGround));
-    EXPECT_EQ(L"ft/s", values.Unit(Quantity::SpeedOverGround));
-    EXPECT_EQ(L"57.7", values.Text(Quantity::WaterTemperature));
-    EXPECT_EQ(L"\u00B0F", values.Unit(Quantity::WaterTemperature));
-    EXPECT_EQ(L"\u00B0/min", values.Unit(Quantity::TurnRate));
+    ExpectShown(values, {{Quantity::DepthBelowSurface, L"42.7", L"ft"},
+                         {Quantity::SpeedOverGround, L"16.9", L"ft/s"},
+                         {Quantity::WaterTemperature, L"57.7", L"\u00B0F"},
+                         {Quantity::TurnRate, L"0", L"\u00B0/min"}});
     EXPECT_EQ(L"10.0 kn", values.KnotsText(Quantity::SpeedOverGround)) << "in either system";
     EXPECT_EQ(L"32.8", ShownValues::LengthText(10.0, 1));
     EXPECT_NEAR(10.0, DisplayLength(10.0 * LengthUnitMetres()), 1e-4);
