@@ -2,9 +2,12 @@
 
 #include "settings/detail/Percent.h"
 #include "settings/detail/Search.h"
+#include "settings/detail/SetWriter.h"
 
 #include <array>
+#include <string>
 #include <thread>
+#include <utility>
 #include <vector>
 
 namespace
@@ -105,6 +108,46 @@ TEST(FindFromCursor, EndsOnEmptyAndUnlinked)
     list.Remove(list.GetAt(cursor));
     EXPECT_EQ(FindFromCursor(list, cursor, none), nullptr);
     delete unlinked; // a node that the list let go
+}
+
+TEST(SetWriter, WritesAnItemOfAnyLengthWithAnySpecialCharacterAnywhere)
+{
+    // The bytes that stand for a character of a value; NUL ends the value.
+    const std::pair<wchar_t, const char*> specials[] = {
+        {L'a', "a"},       {L' ', " "},    {L'~', "~"},     {L'\x7F', "\x7F"}, {L'\t', "\t"}, {L'\n', "\r\n"},
+        {L'\x1F', "\x1F"}, {L'\x80', "?"}, {L'\x100', "?"}, {L'\x4161', "?"},  {0, nullptr},
+    };
+    const auto encode = [](std::wstring_view text) {
+        std::string bytes;
+        for (const wchar_t c : text)
+            bytes += c < 0x80 ? static_cast<char>(c) : '?';
+        return bytes;
+    };
+    std::string written;
+    const auto drain = [&written](const char* bytes, std::size_t count) { written.append(bytes, count); };
+    for (const std::size_t room : {30U, 35U, 256U}) {
+        for (std::size_t length = 1; length <= 13; ++length) {
+            for (std::size_t place = 0; place < length; ++place) {
+                for (const auto& [special, bytes] : specials) {
+                    std::wstring value(length, L'v');
+                    value[place] = special;
+                    std::string expected(place, 'v');
+                    if (bytes != nullptr)
+                        expected += bytes + std::string(length - place - 1, 'v');
+                    vant::detail::SetWriter<wchar_t, decltype(encode), decltype(drain)> writer(encode, drain,
+                                                                                               room);
+                    written.clear();
+                    writer.Item(L"Name", value);
+                    writer.Item(value, L"1");
+                    writer.End();
+                    ASSERT_EQ("\t\t\t<Name val=\"" + expected + "\"/>\r\n\t\t\t<" + expected +
+                                  " val=\"1\"/>\r\n</Corvane>\r\n",
+                              written)
+                        << "length " << length << ", place " << place << ", room " << room;
+                }
+            }
+        }
+    }
 }
 
 TEST(SlotPool, ServesTreesOfSeveralThreads)
