@@ -245,6 +245,18 @@ TEST_F(CEMsgBoxTest, ATextWithoutRoomIsInTheToolTip)
     EXPECT_EQ(Text(Box().tip), L"");
 }
 
+TEST_F(CEMsgBoxTest, AHugeMessageTakesNoLongerThanALongOne)
+{
+    for (const wchar_t* const piece : {L"word ", L"letters", L"\n"}) {
+        CString text;
+        while (text.GetLength() < 2'000'000)
+            text += text.IsEmpty() ? CString(piece) : text;
+        const ULONGLONG start = ::GetTickCount64();
+        Box().DisplayMsg(0, text, 5);
+        EXPECT_LT(::GetTickCount64() - start, 3000u);
+    }
+}
+
 TEST_F(CEMsgBoxTest, MsgBoxReturnsAtOnce)
 {
     EXPECT_EQ(Vant::MsgBox(Vant::msgWarnIcon, L"%d m\nbelow", 3), 1);

@@ -26,10 +26,12 @@ CRect Place(const skins::Region& region)
     return CRect(CPoint(region.x, region.y), CSize(region.w, region.h));
 }
 
-/** A line without the carriage return that may stand before its line feed. */
+/** What is drawn of a line: without a line break at its end, and no more than any screen has room for, as the
+ * time to wrap a text grows with its length. */
 CString Shown(const CString& line)
 {
-    CString text = line;
+    constexpr int most = 32768;
+    CString text = line.Left(most);
     text.TrimRight(L"\r\n");
     return text;
 }
