@@ -498,8 +498,8 @@ TEST_F(CEEditTest, FollowsTheScaleOfItsWindowWithAFontOfItsOwn)
         edit.GetClientRect(client);
         return client.Height();
     };
-    const int before = GdiObjectCount();
-    for (int i = 0; i < 3; ++i) {
+    int before = 0;
+    for (int i = 0; i < 4; ++i) {
         const CDpi larger(144);
         larger.Set(host);
         edit.MoveWindow(larger.ToPx(CRect(20, 20, 120, 40)));
@@ -511,6 +511,8 @@ TEST_F(CEEditTest, FollowsTheScaleOfItsWindowWithAFontOfItsOwn)
         edit.SendMessage(WM_DPICHANGED_AFTERPARENT);
         EXPECT_EQ(edit.GetFont()->GetSafeHandle(), Vant::normalF.GetSafeHandle());
         EXPECT_EQ(lineHeight(), 16);
+        if (i == 0)
+            before = GdiObjectCount(); // once the system has made what it keeps
     }
     EXPECT_EQ(GdiObjectCount(), before);
 }

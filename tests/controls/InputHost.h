@@ -2,6 +2,7 @@
 
 #include "controls/CDpi.h"
 #include "platform/PlatformTest.h"
+#include "support/LogRecorder.h"
 
 #include <afxwin.h>
 
@@ -66,8 +67,10 @@ protected:
     ~ControlInputTest() override;
 
 private:
-    ScreenLock m_screen;
-    HeldKeys m_noKeys{{}};
+    const ScreenLock m_screen;
+    const HeldKeys m_noKeys{{}};
+    const RecordLogs m_logs;
+    const vant::detail::WindowHooks m_windows = vant::detail::Windows();
 };
 
 } // namespace vant::test
