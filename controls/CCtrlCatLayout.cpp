@@ -127,7 +127,9 @@ void CCtrlCat::DestroyCtrls()
         pParent->DropFlex(ctrls);
     // The list is emptied first: a window that goes may make others look at it.
     CLstPtr<CECtrl*> gone = ctrls;
-    ClearCtrls();
+    // Not the virtual operation: a window's clears its other categories, whose controls are still to be
+    // deleted.
+    CCtrlCat::ClearCtrls();
     while (CECtrl* const ctrl = gone.RemoveHead()) {
         if (ctrl->m_hWnd)
             ctrl->DestroyWindow();

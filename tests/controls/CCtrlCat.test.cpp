@@ -352,6 +352,8 @@ TEST_F(CCtrlCatTest, DestroyingDeletesControlsAndTheirFlexibleRecords)
     EXPECT_NE(wnd.GetFlex(kept), nullptr);
     EXPECT_EQ(CPoint(cat.curX, cat.curY), CPoint(25, 10));
     wnd.UpdateFlex();
+    cat.InsText(10, L"in a section");
+    wnd.GetCat(L"b", CCtrlCat::anchorCentre, 0, 0)->InsText(10, L"in a block");
     wnd.DestroyCtrls();
     EXPECT_EQ(CECtrl::s_eCtrls.GetCount(), before + 2); // the header's box and title
     {

@@ -87,6 +87,7 @@ TEST_F(CVantWndTest, CreatesItsControlsWithTheWindow)
     const int controls = CECtrl::s_eCtrls.GetCount();
     {
         SetUpWnd wnd;
+        wnd.GetCat(L"section", CCtrlCat::kindStacked, 0, 0)->InsText(10, L"deleted with the window");
         wnd.CreatePopup();
         EXPECT_EQ(wnd.steps, L"defaults controls ");
         EXPECT_EQ(PlaceOf(*wnd.ctrl), CRect(10, 10, 60, 30));

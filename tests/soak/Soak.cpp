@@ -4,7 +4,6 @@
 //   VantSoak [SECONDS [FILE.csv]]
 #include "VantCore.h"
 #include "support/GdiCount.h"
-#include "support/MessagePump.h"
 
 #include <algorithm>
 #include <array>
@@ -124,6 +123,8 @@ void Open(CPanel& panel, int left)
     panel.ShowWindow(SW_SHOWNOACTIVATE);
 }
 
+CBaseApp theApp;
+
 class CSoak
 {
 public:
@@ -136,7 +137,7 @@ public:
         std::fputs("seconds,gdi,handles,MB,controls,windows\n", csv);
         for (double now = 0; now < seconds;
              now = std::chrono::duration<double>(Clock::now() - begin).count()) {
-            vant::test::PumpPending();
+            HandleMessages();
             if (now < nextPoll) {
                 ::Sleep(1);
                 continue;
@@ -177,6 +178,14 @@ private:
     static std::array<CConsole*, 4> Consoles()
     {
         return {&Vant::csl, &Vant::comms, &Vant::status, &Vant::alarm};
+    }
+
+    /** As an application's loop does, so that Tab and the keys of fields take their real way. */
+    static void HandleMessages()
+    {
+        MSG message;
+        while (::PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE) && AfxGetThread()->PumpMessage()) {
+        }
     }
 
     /** One poll, and the user's next move. */
@@ -256,11 +265,7 @@ private:
         ::SetCursorPos(place.CenterPoint().x, place.CenterPoint().y);
     }
 
-    template <class List>
-    auto Pick(const List& list)
-    {
-        return list[m_random() % list.size()];
-    }
+    CECtrl* Pick(const std::vector<CECtrl*>& list) { return list[m_random() % list.size()]; }
 
     void Take(double now, FILE* csv)
     {
@@ -291,8 +296,8 @@ private:
         bool flat = true;
         const auto check = [&](const char* what, auto member, double slack) {
             const auto less = [member](const Sample& a, const Sample& b) { return a.*member < b.*member; };
-            const double first = std::min_element(steady.begin(), middle, less)->*member;
-            const double second = std::min_element(middle, steady.end(), less)->*member;
+            const double first = (*std::min_element(steady.begin(), middle, less)).*member;
+            const double second = (*std::min_element(middle, steady.end(), less)).*member;
             const bool ok = second <= first + slack;
             std::printf("soak: %s %.1f at first, %.1f later: %s\n", what, first, second,
                         ok ? "flat" : "GROWS");
