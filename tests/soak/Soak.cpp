@@ -15,8 +15,6 @@
 #include <string>
 #include <vector>
 
-#include <psapi.h>
-
 namespace
 {
 
@@ -38,13 +36,19 @@ struct Sample {
     int windows;
 };
 
-double PrivateMegabytes()
+/** What is allocated on the process's heap, which is also the C++ library's. */
+double AllocatedMegabytes()
 {
-    PROCESS_MEMORY_COUNTERS_EX counters{};
-    counters.cb = sizeof counters;
-    ::GetProcessMemoryInfo(::GetCurrentProcess(), reinterpret_cast<PROCESS_MEMORY_COUNTERS*>(&counters),
-                           sizeof counters);
-    return static_cast<double>(counters.PrivateUsage) / (1024.0 * 1024.0);
+    const HANDLE heap = ::GetProcessHeap();
+    PROCESS_HEAP_ENTRY entry{};
+    double bytes = 0;
+    ::HeapLock(heap);
+    while (::HeapWalk(heap, &entry)) {
+        if (entry.wFlags & PROCESS_HEAP_ENTRY_BUSY)
+            bytes += entry.cbData;
+    }
+    ::HeapUnlock(heap);
+    return bytes / (1024.0 * 1024.0);
 }
 
 /** A window with every control, bound to variables of its own. */
@@ -272,10 +276,10 @@ private:
         const Sample sample{now,
                             vant::test::GdiObjectCount(),
                             vant::test::KernelHandleCount(),
-                            PrivateMegabytes(),
+                            AllocatedMegabytes(),
                             CECtrl::s_eCtrls.GetCount(),
                             CVantWnd::s_wnds.GetCount()};
-        std::fprintf(csv, "%.0f,%d,%d,%.2f,%d,%d\n", sample.seconds, sample.gdi, sample.handles,
+        std::fprintf(csv, "%.0f,%d,%d,%.3f,%d,%d\n", sample.seconds, sample.gdi, sample.handles,
                      sample.megabytes, sample.controls, sample.windows);
         std::fflush(csv);
         m_samples.push_back(sample);
@@ -305,7 +309,7 @@ private:
         };
         check("GDI objects", &Sample::gdi, gdiSlack);
         check("kernel handles", &Sample::handles, handleSlack);
-        check("private memory (MB)", &Sample::megabytes, memorySlack);
+        check("heap (MB)", &Sample::megabytes, memorySlack);
         check("controls", &Sample::controls, 0);
         check("windows", &Sample::windows, 0);
         std::printf("soak: %d steps\n", m_step);
