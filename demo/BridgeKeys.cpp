@@ -5,6 +5,8 @@
 #include "platform/Vant.h"
 #include "windows/CCslAlm.h"
 
+#include <algorithm>
+
 namespace demo
 {
 namespace
@@ -40,8 +42,23 @@ bool CBridge::TakeKey(UINT key)
     }
     if (key != VK_ESCAPE || IsInControl())
         return false;
-    PostMessage(WM_CLOSE);
+    // One level at a time: out of a docked window first, so that leaving a field twice closes nothing.
+    if (FocusedGuest())
+        SetFocus();
+    else
+        PostMessage(WM_CLOSE);
     return true;
+}
+
+CVantWnd* CBridge::FocusedGuest()
+{
+    const HWND focus = ::GetFocus();
+    const auto has = [focus](const auto& dock) {
+        const HWND guest = dock->Guest().m_hWnd;
+        return focus && (focus == guest || ::IsChild(guest, focus));
+    };
+    const auto found = std::ranges::find_if(m_docks, has);
+    return found != m_docks.end() ? &(*found)->Guest() : nullptr;
 }
 
 bool CBridge::TakeCharacter(wchar_t character)
@@ -61,12 +78,9 @@ void CBridge::GoToNextWindow()
     for (const auto& dock : m_docks)
         if (&dock->Guest() != &m_setup && dock->IsWindowVisible())
             windows.push_back(&dock->Guest());
-    const HWND focus = ::GetFocus();
-    std::size_t current = 0;
-    for (std::size_t i = 1; i < windows.size(); ++i)
-        if (focus && (focus == windows[i]->m_hWnd || ::IsChild(windows[i]->m_hWnd, focus)))
-            current = i;
-    windows[(current + 1) % windows.size()]->SetFocus();
+    const auto current = std::ranges::find(windows, static_cast<CWnd*>(FocusedGuest()));
+    const auto index = current != windows.end() ? current - windows.begin() : 0;
+    windows[static_cast<std::size_t>(index + 1) % windows.size()]->SetFocus();
 }
 
 void CBridge::OnActivate(UINT state, CWnd* other, BOOL minimized)

@@ -4,10 +4,9 @@
 #include "demo/ScreenPlace.h"
 #include "demo/detail/Layout.h"
 #include "platform/Vant.h"
-#include "windows/CConsole.h"
-
 #include "windows/CCslAlm.h"
 #include "windows/CCslComms.h"
+
 #include <algorithm>
 
 namespace demo
@@ -50,7 +49,7 @@ void CBridge::AddDocks()
         const bool isOn = std::ranges::any_of(alarmIds, [&](AlarmId id) { return alarms.IsOn(id); });
         const int open = UnacknowledgedAlarms();
         return CDockWnd::Caption{open > 0 ? std::to_wstring(open) + L" to be acknowledged"
-                                          : L"all acknowledged",
+                                          : L"none to be acknowledged",
                                  isOn       ? Lamp::Red
                                  : open > 0 ? Lamp::Amber
                                             : Lamp::Green};

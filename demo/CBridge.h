@@ -52,6 +52,7 @@ private:
     bool TakeKey(UINT key);
     bool TakeCharacter(wchar_t character);
     void GoToNextWindow();
+    CVantWnd* FocusedGuest(); // the docked window that has the keyboard, or null
     void Tick(double step);
     void ReportEvents();
     void Finish();

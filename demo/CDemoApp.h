@@ -17,6 +17,13 @@
 namespace demo
 {
 
+/** Exit codes, besides 0 after a run that went well. */
+enum ExitCode : int {
+    exitFailed = 1, ///< something could not be written
+    exitUsage = 2,  ///< an argument or the log is no good
+    exitScript = 3, ///< the program did not do what its script expects
+};
+
 /** The application: reads the command line and the log, starts the library, opens the bridge, and at the end
  * saves the settings and says what was done. */
 class CDemoApp : public CBaseApp

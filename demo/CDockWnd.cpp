@@ -27,7 +27,6 @@ CDockWnd::CDockWnd(const wchar_t* title, CVantWnd& guest, Session& session, Look
                 [this](CPainter& painter, const Box& box, const View&) { PaintFrame(painter, box); })
     , m_title(title)
     , m_guest(guest)
-    , m_looks(looks)
     , m_tell(std::move(tell))
 {
 }

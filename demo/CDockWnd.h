@@ -37,7 +37,6 @@ private:
 
     std::wstring m_title;
     CVantWnd& m_guest;
-    Looks& m_looks;
     Tell m_tell;
 };
 

@@ -2,6 +2,8 @@
 #include "demo/detail/Quantities.h"
 #include "demo/detail/Text.h"
 
+#include <algorithm>
+
 namespace demo
 {
 namespace
@@ -53,10 +55,14 @@ void PaintPosition(CPainter& painter, const Box& box, const View& view)
         {L"latitude", LatitudeText(known ? playback.Value(Quantity::Latitude) : missing)},
         {L"longitude", LongitudeText(known ? playback.Value(Quantity::Longitude) : missing)},
     };
+    const bool named = std::ranges::all_of(rows, [&](const auto& r) { // else the figures need the place
+        return painter.TextWidth(painter.Fonts().small, r.name) + painter.S(8) +
+                   painter.TextWidth(painter.Fonts().big, r.text) <=
+               right - left;
+    });
     double middle = inside.top + row / 2.0;
     for (const auto& r : rows) {
-        const double room = right - left - painter.TextWidth(painter.Fonts().big, r.text) - painter.S(8);
-        if (painter.TextWidth(painter.Fonts().small, r.name) < room)
+        if (named)
             painter.Text(left, middle + drop, Align::Left, painter.Fonts().small, painter.Colours().label,
                          r.name);
         painter.Value(right, middle + drop, Align::Right, painter.Fonts().big, {r.text, L"", state});

@@ -1,5 +1,7 @@
 #include "demo/detail/Options.h"
 
+#include "demo/detail/Text.h"
+
 #include <algorithm>
 #include <charconv>
 #include <iterator>
@@ -49,11 +51,6 @@ constexpr TextOption textOptions[] = {
     {L"--log", &Options::log},
     {L"--out", &Options::out},
 };
-
-std::wstring Quoted(std::wstring_view text)
-{
-    return L"'" + std::wstring(text) + L"'";
-}
 
 } // namespace
 

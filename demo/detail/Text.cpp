@@ -113,4 +113,14 @@ std::wstring AddressText(unsigned long address, int port)
     return text + L":" + std::to_wstring(port);
 }
 
+std::wstring Quoted(std::wstring_view text)
+{
+    return L"'" + std::wstring(text) + L"'";
+}
+
+std::wstring Counted(std::size_t count, std::wstring_view what)
+{
+    return std::to_wstring(count) + L" " + std::wstring(what);
+}
+
 } // namespace demo

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
+#include <string_view>
 
 namespace demo
 {
@@ -29,5 +31,11 @@ std::wstring DurationText(double seconds);
 
 /** An address in a network with its port: "192.168.0.40:10110". The first number is the lowest byte. */
 std::wstring AddressText(unsigned long address, int port);
+
+/** The text in single quotation marks, as messages name files and arguments. */
+std::wstring Quoted(std::wstring_view text);
+
+/** "3 sentences": a number with what it counts. */
+std::wstring Counted(std::size_t count, std::wstring_view what);
 
 } // namespace demo

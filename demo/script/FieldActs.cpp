@@ -85,7 +85,10 @@ const Act acts[] = {
          s.hands.Type(L"9");
          s.hands.Key(VK_ESCAPE);
      },
-     [](const Stage& s) { return LimitStays(s, L"15.59") && !HasFocus(LimitField(s)); }},
+     [](const Stage& s) { return LimitStays(s, L"15.59") && HasFocus(s.setup); }},
+
+    {L"Escape leads from the set-up back to the bridge", [](Stage& s) { s.hands.Key(VK_ESCAPE); },
+     [](const Stage& s) { return HasFocus(s.bridge); }},
 };
 
 } // namespace

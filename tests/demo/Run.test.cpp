@@ -255,6 +255,23 @@ TEST_F(DemoRun, ComesBackWhereItWas)
     EXPECT_EQ("2", Item(saved[1], "Runs"));
 }
 
+TEST_F(DemoRun, FollowsTheDotsPerInchOfItsMonitor)
+{
+    Program program(m_dir, L"--seconds 0 --out .");
+    const HWND wnd = program.Window();
+    ASSERT_TRUE(wnd);
+    const HWND header = ::FindWindowExW(wnd, nullptr, nullptr, L"Header");
+    ASSERT_TRUE(header);
+    RECT before{};
+    ::GetClientRect(header, &before);
+    ::SendMessageW(wnd, WM_DPICHANGED, MAKEWPARAM(144, 144), 0); // of another monitor, the size staying
+    RECT after{};
+    ::GetClientRect(header, &after);
+    EXPECT_EQ(before.bottom * 3 / 2, after.bottom);
+    ::PostMessageW(wnd, WM_KEYDOWN, VK_ESCAPE, 1);
+    EXPECT_EQ(0, program.ExitCode()) << program.Err();
+}
+
 TEST_F(DemoRun, ALostWindowComesBackToTheScreen)
 {
     std::ofstream(m_dir / "VantDemo.xml")
