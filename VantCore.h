@@ -10,6 +10,7 @@
 #include "controls/CECheck.h"
 #include "controls/CECtrl.h"
 #include "controls/CEEdit.h"
+#include "controls/CEFlex.h"
 #include "controls/CELabel.h"
 #include "controls/CERadius.h"
 #include "controls/CEStyle.h"

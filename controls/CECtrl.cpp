@@ -1,5 +1,6 @@
 #include "controls/CECtrl.h"
 
+#include "controls/CVantWnd.h"
 #include "controls/detail/HoverHook.h"
 #include "controls/detail/PaintBuffer.h"
 #include "platform/Vant.h"
@@ -104,7 +105,7 @@ CRect CECtrl::ClientRc() const
 
 COLORREF CECtrl::BackCol() const
 {
-    return Vant::back;
+    return pWnd && CVantWnd::IsHlt(pWnd) ? Vant::teal : Vant::back;
 }
 
 void CECtrl::DrawBack(CDC* dc) const

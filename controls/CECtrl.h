@@ -138,7 +138,7 @@ public:
     CDpi Dpi() const { return CDpi::Of(m_hWnd); }
     /** The client rectangle in units; before the window exists, one of the size of #rc. */
     CRect ClientRc() const;
-    /** Colour of what the control stands on. */
+    /** Colour of what the control stands on: teal in a highlighted window. */
     COLORREF BackCol() const;
 
 protected:

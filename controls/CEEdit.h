@@ -119,4 +119,5 @@ private:
     int m_lineHeight = 0;              // of the window's font, pixels
     Colours m_shown = {0, 0, nullptr}; // the colours last given to the window
     int m_shownFrame = -1;             // the frame last painted, see FrameCell()
+    COLORREF m_shownBack = 0;          // what it was painted on
 };

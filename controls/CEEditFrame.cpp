@@ -138,11 +138,12 @@ void CEEdit::DrawFrame()
     dpi.Apply(dc);
     DrawField(dc, dpi.ToUnits(window));
     m_shownFrame = FrameCell();
+    m_shownBack = BackCol();
 }
 
 void CEEdit::RefreshFrame()
 {
-    if (FrameCell() != m_shownFrame)
+    if (FrameCell() != m_shownFrame || BackCol() != m_shownBack)
         DrawFrame();
 }
 
@@ -167,6 +168,7 @@ void CEEdit::OnEnable(BOOL enable)
 void CEEdit::OnPaint()
 {
     Default();
+    RefreshFrame();
 }
 
 BOOL CEEdit::OnEraseBkgnd(CDC*)

@@ -1,6 +1,7 @@
 #include "controls/CERadius.h"
 
 #include "controls/detail/DialGeometry.h"
+#include "controls/detail/SkinPiece.h"
 #include "core/ML.h"
 #include "platform/Vant.h"
 #include "platform/detail/Module.h"
@@ -51,12 +52,24 @@ void ShowCursorOf(int id)
         ::SetCursor(static_cast<HCURSOR>(cursor));
 }
 
+/** Lets only the inside of the dial through. */
+void ClipToRim(CDC& dc, int diameter)
+{
+    CRect px(0, 0, diameter, diameter);
+    dc.LPtoDP(&px);
+    CRgn rim;
+    rim.CreateEllipticRgn(px.left, px.top, px.right + 1, px.bottom + 1);
+    dc.SelectClipRgn(&rim, RGN_AND);
+}
+
 /** Draws the skin of the dial in a square, all at the top left. Each pixel of the skin is combined with the
- * brush, which white leaves as it is. */
-void DrawFace(CDC& dc, CDC& skin, int diameter)
+ * brush, which white leaves as it is. @param back  colour of what the dial stands on */
+void DrawFace(CDC& dc, CDC& skin, int diameter, COLORREF back)
 {
     constexpr vant::skins::Region face = vant::skins::dial::face;
     const int saved = dc.SaveDC();
+    if (back != vant::detail::skinBack)
+        ClipToRim(dc, diameter);
     dc.SelectStockObject(WHITE_BRUSH);
     dc.SetStretchBltMode(HALFTONE);
     // Halftoning leaves the brush origin undefined.
@@ -121,7 +134,7 @@ void CERadius::Draw(CDC* dc)
     const bool enabled = IsEnabled();
     DrawBack(dc);
     if (ownDC)
-        DrawFace(*dc, enabled ? dcNorm : dcGrey, dial.Diameter());
+        DrawFace(*dc, enabled ? dcNorm : dcGrey, dial.Diameter(), BackCol());
     if (::GetFocus() == m_hWnd && m_hWnd)
         DrawFocus(*dc, dial.Diameter());
 

@@ -1,28 +1,10 @@
 #include "controls/ControlsTest.h"
 
 #include "controls/detail/HoverHook.h"
-#include "platform/CBaseApp.h"
 #include "support/MessagePump.h"
 
 #include <atlimage.h>
 #include <cstring>
-
-namespace
-{
-
-// The application object that the library finds through the application framework.
-CBaseApp theApp;
-
-void StartPlatform()
-{
-    static const bool started = [] {
-        Vant::Init();
-        return true;
-    }();
-    static_cast<void>(started);
-}
-
-} // namespace
 
 Canvas::Canvas(int width, int height)
     : m_width(width)
@@ -109,6 +91,7 @@ ControlsTest::~ControlsTest()
     vant::detail::Calls() = m_calls;
     vant::detail::Hover() = {};
     EUnits::system = 0;
+    Vant::Exit();
 }
 
 void ControlsTest::ShowParent()

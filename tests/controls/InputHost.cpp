@@ -101,10 +101,17 @@ std::wstring TextOf(const CWnd& window)
 ControlInputTest::ControlInputTest()
 {
     Vant::Init();
+    alarms.clear();
+    vant::detail::Windows().infoMsg = [](int message, void* data) {
+        const auto& entry = *static_cast<CECEntry*>(data);
+        if (message == Vant::alarmInfo)
+            alarms.push_back({entry.id, entry.state, Text(entry.text)});
+    };
 }
 
 ControlInputTest::~ControlInputTest()
 {
+    vant::detail::Windows() = m_windows;
     Vant::Exit();
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "controls/CDpi.h"
+#include "controls/WndTest.h"
 #include "platform/PlatformTest.h"
 #include "support/LogRecorder.h"
 
@@ -59,12 +60,14 @@ COLORREF FramePixelOf(HWND window, int x, int y);
 /** The text in a window. */
 std::wstring TextOf(const CWnd& window);
 
-/** The platform started, an empty desktop of one's own, and no keys down. */
-class ControlInputTest : public PlatformTest
+/** The platform started, the screen for oneself, and no keys down. */
+class ControlInputTest : public testing::Test
 {
 protected:
     ControlInputTest();
     ~ControlInputTest() override;
+
+    static inline std::vector<Logged> alarms; ///< every one that was broadcast, repeated ones too
 
 private:
     const ScreenLock m_screen;

@@ -1,6 +1,7 @@
 #include "controls/ControlsTest.h"
 
 #include "controls/CEWnd.h"
+#include "controls/CVantWnd.h"
 #include "controls/detail/PaintBuffer.h"
 #include "support/GdiCount.h"
 #include "support/MessagePump.h"
@@ -93,6 +94,36 @@ TEST_F(PaintingTest, WhatDrawLeavesOutIsBackground)
     ctrl.SetCallback(&painter, static_cast<CEWnd::DrawFn>(nullptr));
     ctrl.RedrawWindow();
     EXPECT_EQ(painter.asked, nullptr);
+}
+
+TEST_F(PaintingTest, AWindowDrawsForItsControls)
+{
+    struct Panel : CVantWnd {
+        void DrawEWnd(CEWnd* ctrl, CDC* dc, CRect& r) override
+        {
+            asked = ctrl;
+            dc->FillSolidRect(r, RGB(0, 200, 0));
+        }
+        CEWnd* asked = nullptr;
+    } panel;
+    CEWnd ctrl;
+    ctrl.rc = CRect(0, 0, 40, 30);
+    ctrl.SetTarget(&panel);
+    Canvas canvas(40, 30);
+    ctrl.Draw(&canvas.Dc());
+    EXPECT_EQ(panel.asked, &ctrl) << "the override of the window's class";
+    EXPECT_EQ(canvas.Bounds(RGB(0, 200, 0)), CRect(0, 0, 40, 30));
+
+    panel.asked = nullptr;
+    ctrl.SetTarget(nullptr);
+    ctrl.Draw(&canvas.Dc());
+    EXPECT_EQ(panel.asked, nullptr);
+
+    ctrl.pWnd = &panel;
+    EXPECT_EQ(ctrl.BackCol(), Vant::back);
+    CVantWnd::AddHlt(&panel);
+    EXPECT_EQ(ctrl.BackCol(), Vant::teal);
+    CVantWnd::DelHlt(&panel);
 }
 
 TEST_F(PaintingTest, ErasingDoesNothing)
