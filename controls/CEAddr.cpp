@@ -75,12 +75,17 @@ bool CEAddr::IsBound() const
     return pVal && (TypeOf(type) == ValueType::UChar || TypeOf(type) == ValueType::ULong);
 }
 
+void CEAddr::TakeValue()
+{
+    if (!IsBound())
+        return;
+    const unsigned long bytes = *this;
+    std::memcpy(addr.data(), &bytes, addr.size());
+}
+
 void CEAddr::Update(int arg)
 {
-    if (IsBound()) {
-        const unsigned long bytes = *this;
-        std::memcpy(addr.data(), &bytes, addr.size());
-    }
+    TakeValue();
     m_editable = !greyed && IsEnabled();
     CopyTips();
     for (CEEdit& edit : edits)
@@ -142,6 +147,7 @@ int CEAddr::OnCreate(LPCREATESTRUCT create)
 {
     if (CECtrl::OnCreate(create) == -1)
         return -1;
+    TakeValue();
     CopyTips();
     const DWORD access = greyed ? WS_DISABLED : WS_TABSTOP;
     for (int i = 0; i < fields; ++i) {

@@ -49,6 +49,7 @@ protected:
     DECLARE_MESSAGE_MAP()
 
 private:
+    void TakeValue();
     void CopyTips();
     CRect FieldRc(int i) const;
     bool IsBound() const;

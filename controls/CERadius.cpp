@@ -18,6 +18,7 @@ using vant::detail::ValueType;
 IMPLEMENT_DYNAMIC(CERadius, CECtrl)
 
 BEGIN_MESSAGE_MAP(CERadius, CECtrl)
+    ON_WM_CREATE()
     ON_WM_LBUTTONDOWN()
     ON_WM_LBUTTONUP()
     ON_WM_MOUSEMOVE()
@@ -101,14 +102,25 @@ unsigned long CERadius::WndStyle() const
     return CECtrl::WndStyle() | WS_TABSTOP | keepFocus;
 }
 
+int CERadius::OnCreate(LPCREATESTRUCT create)
+{
+    TakeBrg();
+    return CECtrl::OnCreate(create);
+}
+
 void CERadius::Update(int arg)
 {
-    if (HoldsAngle()) {
-        const double bound = GetVal();
-        if (bound != missing && std::isfinite(bound))
-            brg = bound;
-    }
+    TakeBrg();
     CECtrl::Update(arg);
+}
+
+void CERadius::TakeBrg()
+{
+    if (!HoldsAngle())
+        return;
+    const double bound = GetVal();
+    if (bound != missing && std::isfinite(bound))
+        brg = bound;
 }
 
 void CERadius::Retreive()

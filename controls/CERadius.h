@@ -9,8 +9,9 @@
  *  The keys Left and Right turn the bearing, Up and Down the slope, by 5 degrees or, with Shift, by 1. Every
  * change calls the callbacks, and the end of a drag calls them once more.
  *
- *  A float or double that is bound to the control holds the bearing in radians: Update() reads it and every
- * change of the user's writes it. Nothing need be bound: bearing and slope are fields. */
+ *  A float or double that is bound to the control holds the bearing in radians: the creation of the window
+ * and Update() read it, every change of the user's writes it. Nothing need be bound: bearing and slope are
+ * fields. */
 class VANT_API CERadius : public CECtrl
 {
     DECLARE_DYNAMIC(CERadius)
@@ -42,6 +43,8 @@ public:
     int OnHandle(CPoint pt);
 
 protected:
+    /** Takes the bearing from the bound variable, as Update() does. */
+    afx_msg int OnCreate(LPCREATESTRUCT create);
     afx_msg void OnLButtonDown(UINT flags, CPoint point);
     afx_msg void OnLButtonUp(UINT flags, CPoint point);
     afx_msg void OnMouseMove(UINT flags, CPoint point);
@@ -55,5 +58,6 @@ protected:
 private:
     void Turn(double byBrg, double bySlope);
     bool HoldsAngle() const;
+    void TakeBrg();
     void StoreBrg();
 };

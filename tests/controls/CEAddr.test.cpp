@@ -28,7 +28,6 @@ protected:
         const CDpi dpi = CDpi::Of(host);
         address.SetCallback(&listener, static_cast<CEVal::CbNone>(&Listener::OnChanged));
         address.Create(address.WndStyle(), dpi.ToPx(CRect(CPoint(20, 20), CSize(160, 20))), &host, 30);
-        address.Update(1);
     }
 
     static std::vector<std::wstring> Texts(const CEAddr& address)

@@ -44,7 +44,6 @@ protected:
         const CDpi dpi = CDpi::Of(host);
         dial.SetCallback(&listener, static_cast<CEVal::CbNone>(&Listener::OnChanged));
         dial.Create(dial.WndStyle(), dpi.ToPx(CRect(CPoint(20, 20), size)), &host, 8);
-        dial.Update(0);
         dial.UpdateWindow();
     }
 

@@ -1,0 +1,268 @@
+// Opens every window of the library with content such as an application's, and saves a picture of each for
+// the documentation.
+//
+//   VantPictures FOLDER
+#include "VantCore.h"
+
+#include <atlimage.h>
+
+#include <cmath>
+#include <cstdio>
+#include <string>
+
+namespace
+{
+
+constexpr DWORD settleTime = 300; // milliseconds, until the screen shows what was drawn
+
+CBaseApp theApp;
+
+void HandleMessages(DWORD milliseconds)
+{
+    const ULONGLONG end = ::GetTickCount64() + milliseconds;
+    do {
+        MSG message;
+        while (::PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE) && AfxGetThread()->PumpMessage()) {
+        }
+        ::Sleep(5);
+    } while (::GetTickCount64() < end);
+}
+
+class CPictures
+{
+public:
+    explicit CPictures(const CString& folder)
+        : m_folder(folder)
+    {
+    }
+
+    bool Failed() const { return m_failed; }
+
+    /** Saves a rectangle of the screen, so that what stands over a window is in its picture. */
+    void SaveScreen(const CRect& place, const wchar_t* file)
+    {
+        HandleMessages(settleTime);
+        constexpr int bitsPerPixel = 24;
+        CImage image;
+        if (!image.Create(place.Width(), place.Height(), bitsPerPixel)) {
+            m_failed = true;
+            return;
+        }
+        const HDC screen = ::GetDC(nullptr);
+        ::BitBlt(image.GetDC(), 0, 0, place.Width(), place.Height(), screen, place.left, place.top, SRCCOPY);
+        image.ReleaseDC();
+        ::ReleaseDC(nullptr, screen);
+        const CString path = m_folder + L"\\" + file;
+        const bool saved = SUCCEEDED(image.Save(path));
+        std::printf("%ls%s\n", static_cast<LPCWSTR>(path), saved ? "" : ": could not be written");
+        m_failed |= !saved;
+    }
+
+    void Save(const CWnd& wnd, const wchar_t* file)
+    {
+        CRect place;
+        wnd.GetWindowRect(&place);
+        SaveScreen(place, file);
+    }
+
+private:
+    CString m_folder;
+    bool m_failed = false;
+};
+
+/** A form as an application has them: sections, an anchored block, every control. */
+class CForm : public CVantWnd
+{
+public:
+    CForm() { name = L"Form"; }
+
+    void SetupCtrls() override
+    {
+        CCtrlCat& depth = *GetCat(L"Depth limits", kindStacked, 1, 0);
+        const auto field = [](CCtrlCat& cat, const wchar_t* caption, double& value) -> CECtrl& {
+            cat.InsText(130, caption);
+            CECtrl& edit = *cat.InsCtrl(70, CECtrl::typeEdit, value);
+            edit.decimals = 1;
+            edit.tip = L"Metres below the surface; between 0 and 200";
+            edit.SetRange(0, 200);
+            cat.NewLn();
+            return edit;
+        };
+        first = &field(depth, L"Shallow water below", m_shallow);
+        invalid = &field(depth, L"No bottom beyond", m_deep);
+        CECtrl& unused = field(depth, L"Not in use", m_unused);
+        unused.enIf = 1; // enabled while m_no is 1
+        unused.pEnVar = &m_no;
+        unused.enVal = 1;
+
+        CCtrlCat& display = *GetCat(L"Display", kindStacked, 1, 0);
+        const auto check = [&display](const wchar_t* caption, int& value) -> CECtrl& {
+            CECtrl& box = *display.InsCtrl(180, CECtrl::typeCheck, value);
+            box.text = caption;
+            display.NewLn();
+            return box;
+        };
+        check(L"Heading up", m_yes);
+        check(L"US customary units", m_no);
+        check(L"Not available here", m_no).state &= ~CECtrl::stEnabled;
+
+        CCtrlCat& sensor = *GetCat(L"Sensor", kindStacked, 1, 0);
+        sensor.InsText(70, L"Address");
+        sensor.InsCtrl(190, new CEAddr, 1000)->Init(m_address);
+        sensor.NewLn();
+        const int left = sensor.curX;
+        sensor.ctrlH = dialSize;
+        sensor.InsCtrl(dialSize, CECtrl::typeRadius, m_bearing);
+        sensor.ctrlH = CCtrlCat().ctrlH;
+        sensor.ShiftX(20);
+        sensor.InsText(60, L"Bearing");
+        CECtrl& bearing = *sensor.InsCtrl(70, CECtrl::typeText, m_bearing);
+        bearing.units = angle;
+        bearing.scale = ML::r2d;
+        bearing.decimals = 0;
+        sensor.ShiftY(dialSize, left);
+
+        GetCat(L"Closed section", kindStacked, 1, 0)->expanded = 0;
+
+        CCtrlCat& block = *GetCat(L"Buttons", anchorBottomRight, 0, 0);
+        block.InsBtn(80, L"Apply", 1, nullptr, nullptr);
+        block.InsBtn(80, L"Close", 2, nullptr, nullptr);
+        block.NewLn();
+    }
+
+    CECtrl* first = nullptr;
+    CECtrl* invalid = nullptr;
+
+private:
+    static constexpr int dialSize = 100;
+    static constexpr int angle = 6; // unit kind
+
+    double m_shallow = 14.0;
+    double m_deep = 120.0;
+    double m_unused = 2.5;
+    int m_yes = 1;
+    int m_no = 0;
+    unsigned long m_address = 192 | 168 << 8 | 0 << 16 | 40 << 24;
+    double m_bearing = std::atan(1.0);
+};
+
+void FillConsoles()
+{
+    constexpr int lines = 40;
+    Vant::csl.maxEntries = lines;
+    for (int i = 1; i < lines; ++i) {
+        const int level = i % 7 == 3 ? 1500 : i % 11 == 5 ? 5200 : i % 13 == 6 ? 9100 : 0;
+        Vant::Console(level, L"Line %d: %d soundings stored, mean depth %d.%d m", i, 812 + i * 13, 14 + i % 6,
+                      i % 10);
+    }
+    Vant::Comms(0, L"$GPGGA,104512.00,5432.1187,N,01008.2251,E,4,12,0.8,3.1,M,44.2,M,1.0,0120*5B");
+    Vant::Comms(0, L"$GPVTG,184.2,T,,M,4.1,N,7.6,K,D*2F");
+    Vant::Comms(0, L"$SDDPT,13.20,0.50,100.0*4E");
+    Vant::Status(4000, 0, L"Clock: 1 PPS locked, offset 0.3 ms");
+    Vant::Status(4001, 0, L"Position: RTK fixed, 12 satellites");
+    Vant::Status(4003, 5100, L"Disk: 6.1 GB left");
+    Vant::Status(4004, 9200, L"Motion sensor: no data for 12 s");
+    Vant::Alarm(3001, 1, L"Shallow water: 13.2 m, limit 14.0 m");
+    Vant::Alarm(3002, 1, L"No position for 7 s");
+    Vant::Alarm(3002, 0, L"Position back after 9.0 s");
+    Vant::Alarm(3003, 1, L"Motion sensor does not answer");
+    Vant::alarm.CheckEntry(3003, 1);
+}
+
+void TakeForm(CPictures& pictures)
+{
+    CForm form;
+    form.CreateWnd(L"Form", WS_OVERLAPPEDWINDOW, CRect(40, 40, 460, 560));
+    form.ShowWindow(SW_SHOW);
+    HandleMessages(settleTime);
+    form.invalid->SetFocus();
+    form.invalid->SetWindowText(L"300");
+    HandleMessages(settleTime);
+    pictures.Save(form, L"form.png");
+
+    // The tool tip comes after the mouse has rested.
+    CRect place;
+    form.first->GetWindowRect(&place);
+    ::SetCursorPos(place.left + 20, place.top + 8);
+    HandleMessages(static_cast<DWORD>(Vant::hoverTime * 1000) + 3 * settleTime);
+    CRect around(place);
+    around.InflateRect(180, 40, 260, 60);
+    pictures.SaveScreen(around, L"tooltip.png");
+    ::SetCursorPos(0, 0);
+}
+
+void TakeConsoles(CPictures& pictures)
+{
+    struct {
+        CConsole& console;
+        CSize size;
+        const wchar_t* file;
+    } const all[] = {{Vant::csl, CSize(640, 360), L"console.png"},
+                     {Vant::comms, CSize(640, 200), L"comms.png"},
+                     {Vant::status, CSize(640, 200), L"status.png"},
+                     {Vant::alarm, CSize(640, 220), L"alarms.png"}};
+    for (const auto& [console, size, file] : all) {
+        console.CreateWnd(L"The Output Window", WS_OVERLAPPEDWINDOW, CRect(CPoint(40, 40), size));
+        console.ShowWindow(SW_SHOW);
+        HandleMessages(settleTime);
+        if (&console == &Vant::csl) {
+            console.Cats().GetHead()->expanded = 1;
+            console.LayoutWnd();
+        }
+        pictures.Save(console, file);
+        console.DestroyWindow();
+    }
+}
+
+void TakeMessages(CPictures& pictures)
+{
+    struct {
+        int type;
+        const wchar_t* text;
+        const wchar_t* file;
+    } const all[] = {{0, L"The survey has been stored.\n42 lines, 118,204 soundings.", L"message-info.png"},
+                     {Vant::msgWarnIcon, L"Shallow water!\nThe depth is 13.2 m,\nthe limit 14.0 m.",
+                      L"message-warning.png"},
+                     {Vant::msgStopIcon, L"The motion sensor does not answer.\nHeave is not corrected.",
+                      L"message-stop.png"}};
+    for (const auto& [type, text, file] : all) {
+        Vant::MsgBox(type, L"%s", text);
+        HandleMessages(settleTime);
+        pictures.Save(Vant::msgBox, file);
+    }
+    Vant::msgBox.DestroyWindow();
+
+    // A modal box handles messages itself: a timer takes its picture and answers it.
+    static CPictures* taker;
+    taker = &pictures;
+    ::SetTimer(nullptr, 0, 3 * settleTime, [](HWND, UINT, UINT_PTR id, DWORD) {
+        ::KillTimer(nullptr, id);
+        const HWND box = CEMsgBoxModal::TopWnd();
+        CRect place;
+        ::GetWindowRect(box, &place);
+        taker->SaveScreen(place, L"message-question.png");
+        ::PostMessageW(box, WM_COMMAND, IDCANCEL, 0);
+    });
+    Vant::MsgBox(Vant::msgModal | Vant::msgYesNo | Vant::msgCancel,
+                 L"The survey is still being recorded.\nStop it and close the program?");
+}
+
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    if (argc != 2) {
+        std::fputs("usage: VantPictures FOLDER\n", stderr);
+        return 2;
+    }
+    Vant::appTitle = L"Survey";
+    Vant::options |= 0x20; // no sound
+    Vant::Init();
+    CPictures pictures{CString(argv[1])};
+    FillConsoles();
+    TakeForm(pictures);
+    TakeConsoles(pictures);
+    TakeMessages(pictures);
+    Vant::Exit();
+    return pictures.Failed() ? 1 : 0;
+}
