@@ -27,6 +27,8 @@
 #include "core/CV3.h"
 #include "core/ML.h"
 #include "core/VantApi.h"
+#include "display/CDsp.h"
+#include "display/CGLWnd.h"
 #include "display/CRgb.h"
 #include "display/CRgbf.h"
 #include "platform/CBaseApp.h"

@@ -1,0 +1,58 @@
+#pragma once
+
+#include "display/CDsp.h"
+#include "display/detail/GLCalls.h"
+#include "display/detail/Pbuffer.h"
+#include "platform/PlatformTest.h"
+
+#include <atlimage.h>
+
+#include <GL/gl.h>
+
+#include <cstdint>
+#include <functional>
+#include <string>
+
+/** A 3D window whose scene is the test's. Its projection is one unit per pixel, y upwards from the lower left
+ * corner. */
+class SceneWnd : public CGLWnd
+{
+public:
+    std::function<void()> scene = [] {};
+    int renders = 0;
+    HGLRC lastRC = nullptr;
+
+    void Render() override;
+    /** A window without a frame: its client area is the whole of it. Not shown. */
+    void CreatePopup(int width = 200, int height = 150, CPoint at = CPoint(0, 0));
+    int InitPB(int width, int height);
+    /** The scene as CapPB() has it. The buffer is made in the image's size. */
+    void Capture(CImage& image, int width, int height, bool topDown = false);
+    /** Runs the test's code where the contexts' lists and textures are. */
+    void InContext(const std::function<void()>& code);
+
+    using CGLWnd::InitPB;
+};
+
+/** The platform started, alarms recorded, the edge to the driver put back and the shared context released in
+ * the end. */
+class GLTest : public PlatformTest
+{
+protected:
+    GLTest() { Vant::Init(); }
+    ~GLTest() override;
+
+    /** Colour of a pixel as 0xRRGGBB. */
+    static std::uint32_t At(const CImage& image, int x, int y);
+    /** Whether a pixel is nearer to white than to black. */
+    static bool IsLit(const CImage& image, int x, int y);
+    /** The smallest rectangle around the lit pixels; empty without one. */
+    static CRect Ink(const CImage& image);
+    /** Separate strokes that a row of the picture goes through. */
+    static int Strokes(const CImage& image, int y);
+    static std::vector<std::wstring> AlarmTexts();
+
+private:
+    const vant::detail::GLCalls m_gl = vant::detail::GL();
+    const vant::detail::PbufferCalls m_pbuffers = vant::detail::Pbuffers();
+};
