@@ -28,6 +28,8 @@
 #include "core/ML.h"
 #include "core/VantApi.h"
 #include "display/CDsp.h"
+#include "display/CDspLight.h"
+#include "display/CDspMtrl.h"
 #include "display/CGLWnd.h"
 #include "display/CRgb.h"
 #include "display/CRgbf.h"
