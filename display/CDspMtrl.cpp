@@ -129,6 +129,10 @@ void CDspMtrl::Settings(CESetObj& obj)
 
 void CDspMtrl::SetMtrl()
 {
+    if (m_owned && !m_owned->Exists()) { // it went with the contexts that had it
+        m_owned.reset();
+        texture = 0;
+    }
     if (!texture && !texName.IsEmpty() && texName != m_failed && !Load(texName))
         m_failed = texName;
     glMaterialfv(GL_FRONT_AND_BACK, GL_AMBIENT, &ambient.red);

@@ -145,6 +145,7 @@ void Vant::Init()
 void Vant::Exit()
 {
     RunStep(vant::detail::Startup().destroyWindows);
+    RunStep(vant::detail::Startup().releaseLists);
     // The classes outlive the brush; without this they would paint with a handle that may be another object's
     // by then.
     const HBRUSH stock = static_cast<HBRUSH>(::GetStockObject(BLACK_BRUSH));

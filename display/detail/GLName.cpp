@@ -39,6 +39,16 @@ GLName::~GLName()
     released = m_link;
 }
 
+unsigned GLName::First() const noexcept
+{
+    return m_link->first;
+}
+
+bool GLName::Exists() const noexcept
+{
+    return m_link->group == currentGroup;
+}
+
 void DeleteReleasedNames() noexcept
 {
     while (released) {

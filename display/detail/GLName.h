@@ -16,6 +16,11 @@ public:
     GLName(const GLName&) = delete;
     GLName& operator=(const GLName&) = delete;
 
+    /** The first name. */
+    unsigned First() const noexcept;
+    /** False once ForgetNames() was called: OpenGL may give the same numbers to something else. */
+    bool Exists() const noexcept;
+
     struct Link {
         Kind kind;
         unsigned first;

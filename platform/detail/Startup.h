@@ -17,6 +17,9 @@ struct StartupSteps {
 
     /** Destroys the windows that must not outlive the pens and brushes; the first thing that Exit does. */
     void (*destroyWindows)() = nullptr;
+
+    /** Releases the display lists that all 3D windows share; Exit does it when the windows are gone. */
+    void (*releaseLists)() = nullptr;
 };
 
 /** The steps in use. */

@@ -229,6 +229,7 @@ TEST_F(VantInit, EveryStepFindsWhatTheEarlierOnesMade)
                 EXPECT_NE(Vant::blackL.GetSafeHandle(), nullptr);
                 EXPECT_EQ(ClassNamed(Vant::wndClass).hbrBackground, static_cast<HBRUSH>(Vant::backB));
             },
+        .releaseLists = [] { steps.emplace_back("lists"); },
     };
     vant::detail::Calls().loadBitmap = [](int id) -> HBITMAP {
         if (id == 3002)
@@ -238,7 +239,7 @@ TEST_F(VantInit, EveryStepFindsWhatTheEarlierOnesMade)
     Vant::Init();
     EXPECT_THAT(steps, ElementsAre("tool tip", "consoles", "skins"));
     Vant::Exit();
-    EXPECT_EQ(steps.back(), "windows");
+    EXPECT_THAT(steps, ElementsAre("tool tip", "consoles", "skins", "windows", "lists"));
     vant::detail::Startup() = {}; // the fixture stops the platform once more
 }
 
