@@ -1,0 +1,192 @@
+// Models: reading their files, against reading the bytes into memory and nothing else; drawing, against the
+// arrays of the same triangles.
+#include "Compare.h"
+
+#include "display/CDsp.h"
+#include "display/CModel.h"
+#include "display/detail/ModelData.h"
+#include "platform/Vant.h"
+#include "tests/display/Models.h"
+
+#include <atlimage.h>
+
+#include <catch2/catch.hpp>
+
+#include <GL/gl.h>
+
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace
+{
+
+constexpr int meshes = 16;
+constexpr int side = 180; // of a mesh: 64,082 triangles, as many as the format's vertex numbers reach
+
+constexpr int drawnMeshes = 4; // some 200,000 triangles
+constexpr int drawnSide = 160;
+
+class LargeFile
+{
+public:
+    explicit LargeFile(const vant::detail::ModelData& model)
+        : m_path(std::filesystem::temp_directory_path() /
+                 ("vant-bench-" + std::to_string(::GetCurrentProcessId()) + ".3ds"))
+    {
+        const std::string bytes = support::Write3ds(model);
+        std::ofstream(m_path, std::ios::binary) << bytes;
+        m_size = bytes.size();
+    }
+    ~LargeFile()
+    {
+        std::error_code ignored;
+        std::filesystem::remove(m_path, ignored);
+    }
+    LargeFile(const LargeFile&) = delete;
+    LargeFile& operator=(const LargeFile&) = delete;
+
+    LPCWSTR Path() const { return m_path.c_str(); }
+    std::size_t Size() const { return m_size; }
+
+private:
+    std::filesystem::path m_path;
+    std::size_t m_size = 0;
+};
+
+/** @return a sum over the bytes' ends, so that they have to be there */
+unsigned ReadBytes(const LargeFile& file)
+{
+    constexpr DWORD block = 65'536;
+    const HANDLE handle =
+        ::CreateFileW(file.Path(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
+    const auto bytes = std::make_unique_for_overwrite<unsigned char[]>(file.Size() + block);
+    std::size_t size = 0;
+    DWORD got = 0;
+    while (::ReadFile(handle, bytes.get() + size, block, &got, nullptr) && got > 0)
+        size += got;
+    ::CloseHandle(handle);
+    return size == file.Size() ? bytes[0] + 256U * bytes[size - 1] + 1 : 0;
+}
+
+/** Corners of triangles as OpenGL's GL_T2F_N3F_V3F. */
+struct Corner {
+    float u, v, nx, ny, nz, x, y, z;
+};
+
+std::vector<Corner> Arrays(const vant::detail::ModelData& model)
+{
+    std::vector<Corner> corners;
+    for (const auto& mesh : model.meshes) {
+        const auto add = [&](std::size_t vertex) {
+            const auto& at = mesh.vertices[vertex];
+            corners.push_back({mesh.mapping[vertex].u, mesh.mapping[vertex].v, 0, 0, 1,
+                               static_cast<float>(at.x), static_cast<float>(at.y), static_cast<float>(at.z)});
+        };
+        for (const auto& face : mesh.faces) {
+            add(face.a);
+            add(face.b);
+            add(face.c);
+        }
+    }
+    return corners;
+}
+
+/** A view from above of what the round draws. */
+class ModelView : public CDsp
+{
+public:
+    static constexpr int size = 400;
+
+    std::function<void()> scene;
+
+    void Render() override
+    {
+        glMatrixMode(GL_PROJECTION);
+        glLoadIdentity();
+        glOrtho(0, drawnMeshes * drawnSide, 0, drawnSide, -10, 10);
+        glMatrixMode(GL_MODELVIEW);
+        glLoadIdentity();
+        glClearColor(0, 0, 0, 1);
+        glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
+        glEnable(GL_DEPTH_TEST);
+        glEnable(GL_LIGHT0);
+        scene();
+    }
+};
+
+/** The least that draws the arrays with a light and without their backs. */
+void DrawArrays(const std::vector<Corner>& corners)
+{
+    constexpr float colour[] = {0.1F, 0.3F, 0.5F, 1};
+    glEnable(GL_LIGHTING);
+    glEnable(GL_CULL_FACE);
+    glEnable(GL_NORMALIZE);
+    glMaterialfv(GL_FRONT_AND_BACK, GL_DIFFUSE, colour);
+    glInterleavedArrays(GL_T2F_N3F_V3F, 0, corners.data());
+    glDrawArrays(GL_TRIANGLES, 0, static_cast<GLsizei>(corners.size()));
+}
+
+/** Draws a picture, and requires that the middle of it is not empty. */
+void Picture(ModelView& view, CImage& image, const std::function<void()>& scene, Stopwatch& watch)
+{
+    view.scene = scene;
+    watch.Measure([&] { view.CapPB(image); });
+    REQUIRE(image.GetPixel(ModelView::size / 2, ModelView::size / 2) != 0);
+}
+
+} // namespace
+
+TEST_CASE("models drawn")
+{
+    Vant::Init();
+    {
+        const vant::detail::ModelData sea = support::Sea(drawnMeshes, drawnSide);
+        const LargeFile file(sea);
+        CModel model;
+        REQUIRE(model.Read3DS(file.Path()));
+        REQUIRE(model.GetFaceCount() > 200'000);
+        const std::vector<Corner> corners = Arrays(sea);
+
+        ModelView view;
+        REQUIRE(view.CreateWnd(L"Bench", WS_POPUP, CRect(0, 0, 100, 100)));
+        {
+            CClientDC dc(&view);
+            REQUIRE(view.InitPB(dc, ModelView::size, ModelView::size));
+        }
+        CImage image;
+        REQUIRE(image.Create(ModelView::size, ModelView::size, 32));
+        const Round ours = [&](Stopwatch& watch) {
+            Picture(
+                view, image, [&] { model.DrawModel(view); }, watch);
+        };
+        const Round arrays = [&](Stopwatch& watch) {
+            Picture(
+                view, image, [&] { DrawArrays(corners); }, watch);
+        };
+        Compare("models: drawing " + std::to_string(model.GetFaceCount()) + " triangles (the bare arrays)",
+                ours, arrays, {.target = 1 / 0.9, .rounds = 21});
+    }
+    Vant::Exit();
+}
+
+TEST_CASE("models")
+{
+    const LargeFile file(support::Sea(meshes, side));
+    const Round ours = [&](Stopwatch& watch) {
+        CModel model;
+        watch.Measure([&] { REQUIRE(model.Read3DS(file.Path())); });
+        REQUIRE(model.GetFaceCount() > 1'000'000);
+    };
+    const Round bytesAlone = [&](Stopwatch& watch) {
+        unsigned sum = 0;
+        watch.Measure([&] { sum = ReadBytes(file); });
+        REQUIRE(sum > 0);
+    };
+    Compare("models: reading 1,025,312 triangles, " + std::to_string(file.Size() / 1'000'000) +
+                " MB (the bytes alone, in blocks of 64 KB)",
+            ours, bytesAlone, {.target = 3.0, .rounds = 21});
+}
