@@ -1,8 +1,8 @@
 #pragma once
 
 #include "controls/CVantWnd.h"
+#include "controls/detail/RowScroll.h"
 #include "platform/CECEntry.h"
-#include "windows/detail/RowScroll.h"
 
 #include <afxmt.h>
 

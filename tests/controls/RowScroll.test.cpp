@@ -1,4 +1,4 @@
-#include "windows/detail/RowScroll.h"
+#include "controls/detail/RowScroll.h"
 
 #include <gtest/gtest.h>
 

@@ -3,8 +3,8 @@
 namespace vant::detail
 {
 
-/** Which rows of a list are in view, and where the thumb of its scroll bar is. The first row in view always
- * lies within 0 and MaxFirst(), whatever is set. */
+/** Which rows of a list are in view, and where the thumb of its scroll bar is; of a window that scrolls
+ * smoothly a row is one unit. The first row in view always lies within 0 and MaxFirst(), whatever is set. */
 class RowScroll
 {
 public:
@@ -14,6 +14,8 @@ public:
         int length = 0;
         bool operator==(const Span&) const = default;
     };
+
+    bool operator==(const RowScroll&) const = default;
 
     int Rows() const noexcept { return m_rows; }
     int Page() const noexcept { return m_page; }
