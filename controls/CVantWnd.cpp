@@ -1,6 +1,7 @@
 #include "controls/CVantWnd.h"
 
 #include "controls/CELabel.h"
+#include "controls/detail/ScrollStrip.h"
 #include "platform/Vant.h"
 #include "platform/detail/HelpRegistry.h"
 #include "platform/detail/Windows.h"
@@ -59,6 +60,7 @@ const bool isRegistered = [] {
 
 CVantWnd::CVantWnd()
     : name(L"Default")
+    , m_strip(std::make_unique<vant::detail::ScrollStrip>(*this))
 {
     pParent = this;
     s_wnds.AddTail(this);
@@ -110,6 +112,9 @@ BOOL CVantWnd::PreCreateWindow(CREATESTRUCT& cs)
     if (!cs.lpszClass)
         cs.lpszClass = Vant::wndClass;
     cs.style |= WS_CLIPCHILDREN;
+    cs.style &= ~WS_VSCROLL;
+    m_scrolls = false;
+    m_strip->Hide();
     return CWnd::PreCreateWindow(cs);
 }
 
@@ -119,7 +124,6 @@ int CVantWnd::OnCreate(LPCREATESTRUCT cs)
         return -1;
     m_scrollY = 0;
     m_wheel = 0;
-    m_scrolls = false;
     erasePending = 1;
     if (!(cs->style & WS_CHILD))
         Dpi().Set(m_hWnd);

@@ -8,6 +8,7 @@
 #include <afxmt.h>
 #include <afxwin.h>
 
+#include <memory>
 #include <unordered_map>
 #include <vector>
 
@@ -18,7 +19,8 @@ class CMdl;
 namespace vant::detail
 {
 class LayoutPass;
-}
+class ScrollStrip;
+} // namespace vant::detail
 
 /** The base of every window of an application, and the library's message bus.
  *
@@ -77,7 +79,7 @@ public:
     ~CVantWnd() override;
 
     /** Creates the window, of the class Vant::wndClass. @param style  window style bits, WS_CHILD for a
-     * child; WS_CLIPCHILDREN is added
+     * child; WS_CLIPCHILDREN is added, and WS_VSCROLL taken away: the window scrolls with a bar of its own
      *  @param place  whole window with its frame, in the parent's client area or on the screen, units
      *  @param parent  parent of a child, owner of any other; may be null for these
      *  @param id  identifier of a child  @return TRUE, or FALSE if the system refuses */
@@ -206,8 +208,10 @@ public:
     /** @} */
 
     /** @name Scrolling, units
-     *  While the content is taller than the client area the window has a vertical scroll bar. Anchored
-     * categories stay where they are. @{ */
+     *  While the content is taller than the client area the window has a vertical scroll bar, which is
+     * drawn in the library's colours and narrows the client area like the system's own. Anchored categories
+     * stay where they are. WM_VSCROLL scrolls like the bar, within the 16 bits that it has for a position.
+     * @{ */
     int ScrollPos() const noexcept { return m_scrollY; }
     /** Scrolls as far as the content allows. */
     void ScrollTo(int toY);
@@ -265,6 +269,7 @@ public:
 
 protected:
     BOOL PreCreateWindow(CREATESTRUCT& cs) override;
+    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
     afx_msg int OnCreate(LPCREATESTRUCT cs);
     afx_msg void OnSize(UINT type, int cx, int cy);
     afx_msg void OnPaint();
@@ -309,6 +314,7 @@ private:
     std::vector<FlexRec> m_flex;
     std::unordered_map<const CWnd*, std::size_t> m_flexAt; // index in m_flex
     vant::detail::LayoutPass* m_pass = nullptr;            // the layout that is going on
+    std::unique_ptr<vant::detail::ScrollStrip> m_strip;    // never null
     HWND m_lastFocus = nullptr; // the child that had the focus when the window was last left
     int m_scrollY = 0;
     int m_wheel = 0; // of a notch, not yet scrolled

@@ -1,6 +1,8 @@
 // CVantWnd: scrolling what is taller than the window.
 #include "controls/CVantWnd.h"
 
+#include "controls/detail/ScrollStrip.h"
+
 #include <algorithm>
 
 /** How far down the content reaches, unscrolled. */
@@ -30,16 +32,24 @@ void CVantWnd::UpdateScrollBar()
     const int content = ContentHeight();
     const bool isNeeded = content > page;
     m_scrollY = std::clamp(m_scrollY, 0, std::max(0, content - page));
-    if (!isNeeded && !m_scrolls)
-        return;
     m_scrolls = isNeeded;
-    SCROLLINFO info{};
-    info.cbSize = sizeof info;
-    info.fMask = SIF_RANGE | SIF_PAGE | SIF_POS;
-    info.nMax = std::max(0, content - 1);
-    info.nPage = static_cast<UINT>(page);
-    info.nPos = m_scrollY;
-    SetScrollInfo(SB_VERT, &info);
+    if (isNeeded)
+        m_strip->Show(content, page, m_scrollY);
+    else
+        m_strip->Hide();
+}
+
+LRESULT CVantWnd::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
+{
+    if (m_strip->Takes(message, lParam))
+        return message == WM_NCHITTEST ? HTBORDER : 0;
+    const LRESULT result = CWnd::WindowProc(message, wParam, lParam);
+    // After any other message the object may be gone.
+    if (message == WM_NCCALCSIZE)
+        m_strip->TakeRoom(*reinterpret_cast<RECT*>(lParam));
+    else if (message == WM_NCPAINT)
+        m_strip->Redraw();
+    return result;
 }
 
 void CVantWnd::ScrollTo(int toY)
@@ -71,11 +81,6 @@ void CVantWnd::OnVScroll(UINT code, UINT pos, CScrollBar* bar)
         CWnd::OnVScroll(code, pos, bar);
         return;
     }
-    // The message has room for 16 bits of the position only.
-    constexpr int messageMax = 0xFFFF;
-    SCROLLINFO info{};
-    info.cbSize = sizeof info;
-    GetScrollInfo(SB_VERT, &info, SIF_RANGE | SIF_TRACKPOS);
     const int page = ClientRc().Height() - hdrH;
     switch (code) {
     case SB_LINEUP:
@@ -89,10 +94,10 @@ void CVantWnd::OnVScroll(UINT code, UINT pos, CScrollBar* bar)
     case SB_TOP:
         return ScrollTo(0);
     case SB_BOTTOM:
-        return ScrollTo(info.nMax);
+        return ScrollTo(ContentHeight());
     case SB_THUMBTRACK:
     case SB_THUMBPOSITION:
-        return ScrollTo(info.nMax > messageMax ? info.nTrackPos : static_cast<int>(pos));
+        return ScrollTo(static_cast<int>(pos));
     default:
         break;
     }

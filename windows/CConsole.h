@@ -206,8 +206,6 @@ private:
     bool ShiftColumns(int columns);
     void Press(CPoint point, bool twice);
 
-    static constexpr int leastThumb = 24; // units
-
     std::vector<std::unique_ptr<CECEntry>> m_spare; // entries that are in no list, for the next ones
     const CECEntry* m_newest = nullptr;             // the last one written; null when it was cleared
     bool m_keyed = false;                           // it is keyed

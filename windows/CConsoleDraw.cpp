@@ -1,3 +1,4 @@
+#include "controls/detail/ScrollStrip.h"
 #include "platform/Vant.h"
 #include "windows/CConsole.h"
 #include "windows/detail/OneLine.h"
@@ -13,6 +14,8 @@
 namespace
 {
 
+using vant::detail::ScrollStrip;
+
 constexpr unsigned lockWait = 1; // milliseconds
 
 constexpr int rowH = 18;
@@ -21,7 +24,6 @@ constexpr int margin = 4;
 constexpr int frameW = 2;    // of the list, around its rectangle
 constexpr int textLeft = 10; // behind the mark of the newest entry
 constexpr int markW = 3;
-constexpr int barW = 12;
 
 // Colours of the texts: the higher the range of levels, the more they stand out.
 constexpr COLORREF amber = RGB(255, 196, 84);
@@ -255,7 +257,7 @@ int CConsole::RowH() const
 CRect CConsole::BarRc() const
 {
     CRect r = ListRc();
-    r.left = r.right - (m_scroll.MaxFirst() > 0 ? barW : 0);
+    r.left = r.right - (m_scroll.MaxFirst() > 0 ? ScrollStrip::width : 0);
     return r;
 }
 
@@ -330,8 +332,6 @@ void CConsole::DrawLineText(CDC* dc, CRect r, const CECEntry& line, COLORREF col
 void CConsole::DrawBar(CDC* dc) const
 {
     const CRect bar = BarRc();
-    const auto thumb = m_scroll.Thumb(bar.Height(), leastThumb);
-    dc->FillSolidRect(bar, Vant::slate);
-    dc->FillSolidRect(bar.left + 2, bar.top + thumb.from, bar.Width() - 4, thumb.length,
-                      m_grip < 0 ? Vant::med : Vant::cyan);
+    const auto thumb = m_scroll.Thumb(bar.Height(), ScrollStrip::leastThumb);
+    ScrollStrip::Draw(*dc, bar, thumb, m_grip < 0 ? ScrollStrip::Look::Normal : ScrollStrip::Look::Held);
 }

@@ -1,3 +1,4 @@
+#include "controls/detail/ScrollStrip.h"
 #include "windows/CConsole.h"
 
 #include <algorithm>
@@ -7,6 +8,8 @@
 
 namespace
 {
+
+using vant::detail::ScrollStrip;
 
 constexpr int columnStep = 8;
 
@@ -194,7 +197,7 @@ void CConsole::Press(CPoint point, bool twice)
             OnLineClick(line, point - RowRc(line).TopLeft(), twice);
         return;
     }
-    const auto thumb = m_scroll.Thumb(bar.Height(), leastThumb);
+    const auto thumb = m_scroll.Thumb(bar.Height(), ScrollStrip::leastThumb);
     const int at = point.y - bar.top;
     if (at < thumb.from) {
         ScrollList(m_scroll.First() - m_scroll.Page());
@@ -232,7 +235,8 @@ void CConsole::OnMouseMove(UINT flags, CPoint point)
     if (m_grip < 0)
         return CVantWnd::OnMouseMove(flags, point);
     const CRect bar = BarRc();
-    ScrollList(m_scroll.FirstAt(Dpi().ToUnits(point).y - bar.top - m_grip, bar.Height(), leastThumb));
+    ScrollList(
+        m_scroll.FirstAt(Dpi().ToUnits(point).y - bar.top - m_grip, bar.Height(), ScrollStrip::leastThumb));
 }
 
 void CConsole::OnCaptureChanged(CWnd* other)

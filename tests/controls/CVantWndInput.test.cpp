@@ -57,7 +57,12 @@ public:
         }
         corner = GetCat(L"Corner", anchorTopRight, 0, 0)->InsCtrl(60, btn, L"y");
     }
-    bool HasBar() const { return (GetStyle() & WS_VSCROLL) != 0; }
+    bool HasBar() const
+    {
+        CRect whole;
+        GetWindowRect(&whole);
+        return ClientRc().Width() < Dpi().ToUnits(whole).Width();
+    }
     std::vector<CECtrl*> lines;
     CECtrl* corner;
     // 24 above the section and 24 for its header; 10 to the first of twenty lines of 24.
@@ -195,20 +200,16 @@ TEST_F(CVantWndInput, TallContentScrolls)
     ASSERT_TRUE(wnd.HasBar());
     CRect client;
     wnd.GetClientRect(&client);
-    EXPECT_LT(client.right, 400);
+    EXPECT_EQ(client.right, 388);
+    EXPECT_FALSE(wnd.GetStyle() & WS_VSCROLL);
     EXPECT_EQ(PlaceOf(*wnd.corner).right, client.right - 5 - 72 + 70) << "beside the bar";
     constexpr int last = TallWnd::content - 200;
-    SCROLLINFO info{};
-    wnd.GetScrollInfo(SB_VERT, &info);
-    EXPECT_EQ(info.nMax, TallWnd::content - 1);
-    EXPECT_EQ(info.nPage, 200u);
-
     const CRect firstLine = PlaceOf(*wnd.lines[0]);
     const CRect anchored = PlaceOf(*wnd.corner);
     wnd.ScrollTo(50);
     EXPECT_EQ(PlaceOf(*wnd.lines[0]), firstLine - CPoint(0, 50));
     EXPECT_EQ(PlaceOf(*wnd.corner), anchored);
-    EXPECT_EQ(wnd.GetScrollPos(SB_VERT), 50);
+    EXPECT_EQ(wnd.ScrollPos(), 50);
     EXPECT_EQ(wnd.GetMgrY(), TallWnd::content - 50);
 
     const auto posAfter = [&](UINT message, WPARAM wParam) {
@@ -248,6 +249,105 @@ TEST_F(CVantWndInput, TallContentScrolls)
     EXPECT_EQ(wnd.ScrollPos(), 0);
     EXPECT_FALSE(wnd.HasBar());
     EXPECT_EQ(posAfter(WM_KEYDOWN, VK_END), 0);
+}
+
+TEST_F(CVantWndInput, TheBarPagesAndDragsInEveryScale)
+{
+    for (const int dpi : {96, 144}) {
+        SCOPED_TRACE(dpi);
+        TallWnd wnd;
+        wnd.CreatePopup(400, 1000, WS_VSCROLL);
+        const CDpi scale(dpi);
+        CRect place(30, 40, 30 + scale.ToPx(400), 40 + scale.ToPx(200));
+        wnd.SendMessage(WM_DPICHANGED, MAKEWPARAM(dpi, dpi), reinterpret_cast<LPARAM>(&place));
+        ASSERT_EQ(wnd.ClientRc(), CRect(0, 0, 388, 200));
+        constexpr int last = TallWnd::content - 200;
+        constexpr int thumb = 200 * 200 / TallWnd::content;
+        constexpr int way = 200 - thumb;
+
+        // Points of the bar are given in units below its top.
+        const auto onScreen = [&](int x, int y) {
+            return MAKELPARAM(30 + scale.ToPx(x), 40 + scale.ToPx(y));
+        };
+        const auto press = [&](int y) { wnd.SendMessage(WM_NCLBUTTONDOWN, HTBORDER, onScreen(394, y)); };
+        const auto move = [&](int y) {
+            const int px = scale.ToPx(y);
+            wnd.SendMessage(WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(5, static_cast<WORD>(px)));
+            return wnd.ScrollPos();
+        };
+        EXPECT_EQ(wnd.SendMessage(WM_NCHITTEST, 0, onScreen(394, 20)), HTBORDER);
+        EXPECT_EQ(wnd.SendMessage(WM_NCHITTEST, 0, onScreen(380, 20)), HTCLIENT);
+        press(thumb + 2);
+        EXPECT_EQ(wnd.ScrollPos(), 176);
+        EXPECT_NE(::GetCapture(), wnd.m_hWnd) << "a page is turned once";
+        press(2);
+        EXPECT_EQ(wnd.ScrollPos(), 0);
+
+        press(10);
+        EXPECT_EQ(::GetCapture(), wnd.m_hWnd);
+        EXPECT_EQ(move(10), 0);
+        EXPECT_EQ(move(10 + way / 2), (last * (way / 2) * 2 + way) / (2 * way));
+        EXPECT_EQ(move(190), last);
+        EXPECT_EQ(move(-50), 0);
+        EXPECT_EQ(move(1000), last);
+        wnd.SendMessage(WM_LBUTTONUP);
+        EXPECT_NE(::GetCapture(), wnd.m_hWnd);
+        EXPECT_EQ(move(0), last);
+
+        // Who loses the mouse drags no longer, and neither does one without a bar.
+        press(190);
+        move(100);
+        const int reached = wnd.ScrollPos();
+        EXPECT_LT(reached, last);
+        ::SetCapture(wnd.corner->m_hWnd);
+        EXPECT_EQ(move(0), reached);
+        ::ReleaseCapture();
+        wnd.ScrollTo(0);
+        press(10);
+        wnd.GetCat(L"Lines", 0, 0, 0)->expanded = 0;
+        wnd.LayoutWnd();
+        EXPECT_FALSE(wnd.HasBar());
+        EXPECT_NE(::GetCapture(), wnd.m_hWnd);
+
+        // The bar goes with its window.
+        wnd.GetCat(L"Lines", 0, 0, 0)->expanded = 1;
+        wnd.LayoutWnd();
+        press(10);
+        wnd.DestroyWindow();
+        wnd.CreatePopup(400, 1000);
+        EXPECT_FALSE(wnd.HasBar());
+        wnd.MoveWindow(0, 0, 400, 200);
+        EXPECT_TRUE(wnd.HasBar());
+        EXPECT_EQ(move(100), 0);
+    }
+}
+
+TEST_F(CVantWndInput, TheBarIsDrawnInTheColoursOfTheLibrary)
+{
+    const ScreenLock screen;
+    TallWnd wnd;
+    wnd.CreatePopup(400, 200);
+    wnd.ShowWindow(SW_SHOWNOACTIVATE);
+    vant::test::PumpPending();
+    const auto pixel = [&](int x, int y) {
+        CWindowDC dc(&wnd);
+        return dc.GetPixel(x, y);
+    };
+    EXPECT_EQ(pixel(388, 10), Vant::slate);
+    EXPECT_EQ(pixel(390, 10), Vant::med);
+    EXPECT_EQ(pixel(394, 190), Vant::slate);
+    wnd.SendMessage(WM_NCMOUSEMOVE, HTBORDER, MAKELPARAM(394, 10));
+    EXPECT_EQ(pixel(390, 10), Vant::cyan) << "hovered: framed";
+    EXPECT_EQ(pixel(394, 10), Vant::med);
+    wnd.SendMessage(WM_NCMOUSEMOVE, HTBORDER, MAKELPARAM(394, 190));
+    EXPECT_EQ(pixel(390, 10), Vant::med) << "beside the thumb";
+    wnd.SendMessage(WM_NCLBUTTONDOWN, HTBORDER, MAKELPARAM(394, 10));
+    EXPECT_EQ(pixel(394, 10), Vant::cyan) << "held";
+    ::ReleaseCapture();
+    EXPECT_EQ(pixel(394, 10), Vant::med);
+    wnd.ScrollTo(1000);
+    EXPECT_EQ(pixel(394, 190), Vant::med);
+    EXPECT_EQ(pixel(394, 10), Vant::slate);
 }
 
 TEST_F(CVantWndInput, TabBringsTheControlIntoView)

@@ -250,17 +250,17 @@ TEST_F(CVantWndLayout, ScrollBarTakesItsRoomFromFlexibleChildrenToo)
     child.CreateChild(wnd, {100, 0, 380, 20});
     wnd.second->expanded = 0;
     wnd.LayoutWnd();
-    ASSERT_FALSE(wnd.GetStyle() & WS_VSCROLL);
+    ASSERT_EQ(wnd.ClientRc().Width(), 400);
     wnd.SetupFlex(&child, CEFlex(0, 0, 1, 0));
     wnd.minW = 360;
     wnd.GetFlex(&child)->rc.right -= 40;
     wnd.UpdateFlex();
     ASSERT_EQ(PlaceOf(child).right, 380);
     Click(*wnd.Nth<CECheck>(1));
-    ASSERT_TRUE(wnd.GetStyle() & WS_VSCROLL);
-    EXPECT_EQ(PlaceOf(child).right, 380 - (400 - wnd.ClientRc().Width()));
+    ASSERT_EQ(wnd.ClientRc().Width(), 388);
+    EXPECT_EQ(PlaceOf(child).right, 368);
     Click(*wnd.Nth<CECheck>(1));
-    EXPECT_FALSE(wnd.GetStyle() & WS_VSCROLL);
+    EXPECT_EQ(wnd.ClientRc().Width(), 400);
     EXPECT_EQ(PlaceOf(child).right, 380);
 }
 
