@@ -120,10 +120,11 @@ void CMdl::RotateVectorToVector(const CV3& from, const CV3& to)
         return;
     // The arc cosine of what rounding puts beyond 1 is no number.
     const double angle = std::acos(std::clamp(a | b, -1.0, 1.0));
-    if (angle == 0)
-        return;
     CV3 axis = a % b;
-    if (axis.Normalise() < ML::threshold && angle > ML::pi_2)
+    if (axis.Normalise() < ML::threshold) { // no axis, or none that could be trusted
+        if (angle < ML::pi_2)
+            return;
         axis = Across(a);
+    }
     glRotated(angle * ML::r2d, axis.x, axis.y, axis.z);
 }

@@ -72,8 +72,8 @@ public:
     void ModelChanged(int what);
 
     /** Turns the current OpenGL matrix so that what pointed along `from` points along `to`, by the shortest
-     * way. Lengths do not matter. Opposite vectors are half a turn about some axis across them; parallel
-     * ones, and one of no length, change nothing. */
+     * way. Lengths do not matter. Opposite vectors are half a turn about some axis across them; parallel ones
+     * (within ML::threshold, radians), and one of no length, change nothing. */
     static void RotateVectorToVector(const CV3& from, const CV3& to);
 
     CDspMtrl mtrl; ///< for drawables that bring no material of their own

@@ -145,16 +145,16 @@ int CModel::Read3DS(const CString& path)
     Clear();
     if (path.IsEmpty() || path == L"None")
         return 0;
-    file = path;
-    dir = DirOf(path);
-    Vant::NamePart(path, name);
+    file = path; // used from here on: the caller's may be one of the names here
+    dir = DirOf(file);
+    Vant::NamePart(file, name);
 
     ModelData model;
     ModelResult result = ModelResult::NotAThreeDs;
     int failure = CFileException::none;
     CFile opened;
     CFileException cause;
-    if (!opened.Open(path, CFile::modeRead | CFile::shareDenyWrite | CFile::osSequentialScan, &cause)) {
+    if (!opened.Open(file, CFile::modeRead | CFile::shareDenyWrite | CFile::osSequentialScan, &cause)) {
         failure = cause.m_cause;
     } else {
         try {
@@ -165,11 +165,11 @@ int CModel::Read3DS(const CString& path)
         }
     }
     if (failure != CFileException::none) {
-        AlarmUnable(50, path, Vant::FileExceptionStr(failure));
+        AlarmUnable(50, file, Vant::FileExceptionStr(failure));
         return 0;
     }
     if (result == ModelResult::NotAThreeDs) {
-        AlarmUnable(60, path, L"Not in 3DS format");
+        AlarmUnable(60, file, L"Not in 3DS format");
         return 0;
     }
     TakeMtrls(model.materials);

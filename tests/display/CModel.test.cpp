@@ -97,6 +97,8 @@ TEST_F(CModelTest, TellsWhyItCannotRead)
     EXPECT_EQ(model.Read3DS(good), 1);
     model.ReadDXF(good);
     EXPECT_EQ(model.GetMeshCount(), 1);
+    model.name = model.file;
+    EXPECT_EQ(model.Read3DS(model.name), 1);
 }
 
 TEST_F(CModelTest, ReadsWhatIsLeftOfADamagedFile)
