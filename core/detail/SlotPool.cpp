@@ -25,6 +25,21 @@ void* NewBlock()
 
 } // namespace
 
+void BriefLock::Wait() noexcept
+{
+    constexpr int looks = 100; // about as long as the lock is held
+    constexpr int yields = 20; // then others of this priority go first
+    constexpr DWORD pause = 1; // milliseconds; then all others
+    for (int i = 0; m_taken.exchange(true, std::memory_order_acquire); ++i) {
+        if (i < looks)
+            YieldProcessor();
+        else if (i < looks + yields)
+            SwitchToThread();
+        else
+            Sleep(pause);
+    }
+}
+
 void SlotPool::LinkWithRoom(Block& block) noexcept
 {
     block.prev = nullptr;
@@ -43,10 +58,14 @@ void SlotPool::UnlinkWithRoom(Block& block) noexcept
 
 void* SlotPool::Take()
 {
-    const std::lock_guard locked(m_lock);
-    if (m_withRoom == nullptr) {
+    std::unique_lock locked(m_lock);
+    while (m_withRoom == nullptr) {
+        // Without the lock: a handler of exhausted memory may show a message, and that may need slots.
+        locked.unlock();
+        void* const memory = NewBlock();
+        locked.lock();
         static_assert(sizeof(Block) % alignof(std::max_align_t) == 0);
-        LinkWithRoom(*new (NewBlock()) Block{nullptr, nullptr, nullptr, 0, sizeof(Block)});
+        LinkWithRoom(*new (memory) Block{nullptr, nullptr, nullptr, 0, sizeof(Block)});
         ++m_blocks;
     }
     Block& block = *m_withRoom;

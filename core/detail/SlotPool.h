@@ -7,31 +7,23 @@
 namespace vant::detail
 {
 
-/** A lock that is held for a few instructions: one atomic operation takes it and one releases it, as long as
- * nobody else wants it. */
+/** A lock that is held for a few instructions: one atomic operation takes it and a plain store releases it.
+ *  Whoever finds it taken looks again, and soon gives way: a thread of high priority must not keep the one
+ * that holds the lock from going on. */
 class BriefLock
 {
 public:
     void lock() noexcept
     {
-        unsigned expected = isFree;
-        if (m_state.compare_exchange_strong(expected, isTaken, std::memory_order_acquire))
-            return;
-        while (m_state.exchange(isWaitedFor, std::memory_order_acquire) != isFree)
-            m_state.wait(isWaitedFor, std::memory_order_relaxed);
+        if (m_taken.exchange(true, std::memory_order_acquire))
+            Wait();
     }
-    void unlock() noexcept
-    {
-        if (m_state.exchange(isFree, std::memory_order_release) == isWaitedFor)
-            m_state.notify_one();
-    }
+    void unlock() noexcept { m_taken.store(false, std::memory_order_release); }
 
 private:
-    static constexpr unsigned isFree = 0;
-    static constexpr unsigned isTaken = 1;
-    static constexpr unsigned isWaitedFor = 2;
+    void Wait() noexcept;
 
-    std::atomic<unsigned> m_state = isFree;
+    std::atomic<bool> m_taken = false;
 };
 
 /** Memory for very many small objects of one size, at a fraction of what the heap takes in time and space; a
