@@ -134,6 +134,10 @@ protected:
     }
 
     fs::path m_dir;
+
+private:
+    // The program's window takes the keyboard, and a script's keys go where that is.
+    const ScreenLock m_screen;
 };
 
 /** The text of an item in a settings file. */
@@ -296,7 +300,6 @@ TEST_F(DemoRun, ALostWindowComesBackToTheScreen)
 
 TEST_F(DemoRun, TheScriptPassesAndWhatItSetIsRestored)
 {
-    const ScreenLock lock; // the script's keys go where the keyboard is
     {
         Program program(m_dir, L"--script --seconds 1 --out .");
         EXPECT_EQ(0, program.ExitCode()) << program.Err() << program.Out();
@@ -329,7 +332,6 @@ TEST_F(DemoRun, TheScriptPassesAndWhatItSetIsRestored)
 
 TEST_F(DemoRun, AFailingScriptStopsAndSaysSo)
 {
-    const ScreenLock lock;
     std::ofstream log(m_dir / "deep.nmea", std::ios::binary);
     log << "$SDDPT,60.0,0.6*67\r\n"; // never shallow: no alarm for the script to see
     log.close();
