@@ -203,25 +203,13 @@ void CEVal::PutInteger(__int64 v)
 
 void CEVal::SetVal(double v)
 {
-    switch (TypeOf(type)) {
-    case ValueType::Char:
-    case ValueType::Short:
-    case ValueType::Int:
-    case ValueType::UChar:
-    case ValueType::UShort:
-    case ValueType::UInt:
-    case ValueType::ULong:
-        PutInteger(RoundToInt64(v));
-        break;
-    case ValueType::Float:
+    const ValueType to = TypeOf(type);
+    if (to == ValueType::Float)
         Write(static_cast<float>(v));
-        break;
-    case ValueType::Double:
+    else if (to == ValueType::Double)
         Write(v);
-        break;
-    default:
-        break;
-    }
+    else if (IsIntegerType(to) && to != ValueType::Int64) // which only its operator writes, deliberately
+        PutInteger(RoundToInt64(v));
 }
 
 double CEVal::AdjustVal(double delta)

@@ -35,21 +35,7 @@ std::uint64_t Mask(const CEVal& value) noexcept
 
 bool IsInteger(const CEVal& value) noexcept
 {
-    if (!value.pVal)
-        return false;
-    switch (TypeOf(value.type)) {
-    case ValueType::Char:
-    case ValueType::Short:
-    case ValueType::Int:
-    case ValueType::UChar:
-    case ValueType::UShort:
-    case ValueType::UInt:
-    case ValueType::ULong:
-    case ValueType::Int64:
-        return true;
-    default:
-        return false;
-    }
+    return value.pVal && IsIntegerType(TypeOf(value.type));
 }
 
 MaskState Bits(const CEVal& value)

@@ -25,4 +25,22 @@ constexpr ValueType TypeOf(int type) noexcept
     return static_cast<ValueType>(static_cast<unsigned>(type) & 0xFFu);
 }
 
+/** Whether a variable of the type is an integer, of whatever size and sign. */
+constexpr bool IsIntegerType(ValueType type) noexcept
+{
+    switch (type) {
+    case ValueType::Char:
+    case ValueType::Short:
+    case ValueType::Int:
+    case ValueType::UChar:
+    case ValueType::UShort:
+    case ValueType::UInt:
+    case ValueType::ULong:
+    case ValueType::Int64:
+        return true;
+    default:
+        return false;
+    }
+}
+
 } // namespace vant::detail
