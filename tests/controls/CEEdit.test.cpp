@@ -1,6 +1,7 @@
 #include "controls/CEEdit.h"
 
 #include "controls/InputHost.h"
+#include "support/EveryType.h"
 #include "support/GdiCount.h"
 #include "support/MessagePump.h"
 
@@ -78,18 +79,8 @@ DWORD AllOf(const CEEdit& edit)
 
 TEST_F(CEEditTest, LetsInWhatTheBoundTypeHasRoomFor)
 {
-    void* pointer = nullptr;
-    CString text;
-    char c = 0;
-    short s = 0;
-    int i = 0;
-    unsigned char uc = 0;
-    unsigned short us = 0;
-    unsigned int ui = 0;
-    float f = 0;
-    double d = 0;
-    unsigned long ul = 0;
-    __int64 i64 = 0;
+    vant::test::EveryType variables;
+    auto& [pointer, text, c, s, i, uc, us, ui, f, d, ul, i64] = variables;
     const std::wstring typed = L"A 0+9-.Ee,\u00E9";
     const std::wstring integers = L"0+9-";
     const std::wstring naturals = L"09";

@@ -9,6 +9,7 @@
 
 #include <gmock/gmock.h>
 
+#include "support/EveryType.h"
 #include "values/CStrVal.h"
 
 using testing::ElementsAre;
@@ -103,18 +104,8 @@ TEST(CEValBinding, UnboundValue)
 
 TEST(CEValBinding, EveryInitSetsItsTypeAndBinds)
 {
-    void* pointer = nullptr;
-    CString string;
-    char c = 0;
-    short s = 0;
-    int i = 0;
-    unsigned char uc = 0;
-    unsigned short us = 0;
-    unsigned int ui = 0;
-    float f = 0;
-    double d = 0;
-    unsigned long ul = 0;
-    __int64 i64 = 0;
+    vant::test::EveryType variables;
+    auto& [pointer, string, c, s, i, uc, us, ui, f, d, ul, i64] = variables;
     const auto check = [](auto& variable, int type) {
         const CEVal value = Bound(variable);
         EXPECT_EQ(value.type, type);
