@@ -47,6 +47,8 @@ public:
         typeEdit = 64,
         typeBtn = 128,
         typeCheck = 256,
+        typeCb = 512,
+        typeList = 4096,
         typeWnd = 8192,
         typeRadius = 131072,
     };

@@ -1,0 +1,25 @@
+#include "controls/CELEnt.h"
+
+CELEnt::CELEnt(const CString& entryText)
+    : CStrVal(entryText, 0.0)
+{
+}
+
+CELEnt::CELEnt(const CString& entryText, void* entryItem)
+    : CStrVal(entryText, 0.0)
+    , kind(kindItem)
+    , item(entryItem)
+{
+}
+
+CELEnt::CELEnt(const CString& entryText, double entryValue)
+    : CStrVal(entryText, entryValue)
+    , kind(kindNum)
+{
+}
+
+CELEnt::CELEnt(const CStrVal& pair)
+    : CStrVal(pair)
+    , kind(kindNum)
+{
+}
