@@ -29,14 +29,14 @@ class DropList;
  *  }
  *  @endcode
  *
- *  The list opens at a click, F4, or Alt with the up or down arrow, on the side that #layout says or, if it
- * has more room there, on the opposite one; always inside the work area of the screen. While it is open the
- * keys go to it: arrows, Home, End, Page Up, Page Down and typing move its current entry; Enter, Tab, F4 and
- * a click choose; Escape, Alt, a click elsewhere and the loss of the focus close it as it was. While it is
- * closed the same keys choose at once; the wheel does so only while the combo box has the focus. A choice is
- * stored in the bound variable and the callbacks are called (CEVal::Execute()), also if the entry is the same
- * as before; then, if the combo box has an #id, the parent is told as by a combo box of the system:
- * WM_COMMAND with CBN_SELCHANGE. */
+ *  The list opens at a click, a blank, F4, or Alt with the up or down arrow, on the side that #layout says
+ * or, if it has more room there, on the opposite one; always inside the work area of the screen. While it is
+ * open the keys go to it: arrows, Home, End, Page Up, Page Down and typing move its current entry; Enter,
+ * Tab, F4 and a click choose; Escape, Alt, a click elsewhere and the loss of the focus close it as it was.
+ * While it is closed the same keys choose at once; the wheel does so only while the combo box has the focus.
+ * A choice is stored in the bound variable and the callbacks are called (CEVal::Execute()), also if the entry
+ * is the same as before; then, if the combo box has an #id, the parent is told as by a combo box of the
+ * system: WM_COMMAND with CBN_SELCHANGE. */
 class VANT_API CECb : public CECtrl
 {
     DECLARE_DYNAMIC(CECb)
@@ -62,6 +62,8 @@ public:
     int layout = layoutBelow; ///< Layout
     int drawOpt = 0;          ///< for the draw callback, such as a direction; not looked at here
     int maxRows = 12;         ///< entries that the open list shows at most; more are scrolled
+    int dropW = 0;            ///< width of the open list; 0, or less than the box's: as wide as that. Not for
+                              ///< the vertical layouts
 
     /** The list that drops down, with the entries; its window exists while it is open. Its own value is not
      * used. */
@@ -99,10 +101,12 @@ public:
     void Draw(CDC* dc) override;
     /** With WS_TABSTOP. */
     unsigned long WndStyle() const override;
+    /** Takes Enter, Escape and Tab for the open list before the window around it does. */
     BOOL PreTranslateMessage(MSG* msg) override;
+    /** Has the list filled, or else shows the entry of the bound variable. */
+    int Create(unsigned long wndStyle, const RECT& r, CWnd* parent, unsigned int childId) override;
 
 protected:
-    int OnCreate(LPCREATESTRUCT create);
     afx_msg void OnDestroy();
     afx_msg void OnLButtonDown(UINT flags, CPoint point);
     afx_msg void OnLButtonUp(UINT flags, CPoint point);
@@ -111,16 +115,24 @@ protected:
     afx_msg BOOL OnMouseWheel(UINT flags, short delta, CPoint point);
     afx_msg void OnKeyDown(UINT key, UINT repeat, UINT flags);
     afx_msg void OnSysKeyDown(UINT key, UINT repeat, UINT flags);
+    afx_msg void OnSysKeyUp(UINT key, UINT repeat, UINT flags);
     afx_msg void OnChar(UINT character, UINT repeat, UINT flags);
     afx_msg UINT OnGetDlgCode();
     afx_msg void OnKillFocus(CWnd* to);
-    afx_msg void OnEnable(BOOL enable);
-    afx_msg void OnShowWindow(BOOL show, UINT status);
     DECLARE_MESSAGE_MAP()
 
 private:
     friend class vant::detail::DropList;
 
+    CRect DropRc() const;
+    CRect ButtonRc() const;
+    void DrawButton(CDC* dc) const;
+    void OpenOrChoose();
+    void ChooseCurrent();
+    void Choose(CELEnt* ent);
+
     std::unique_ptr<vant::detail::DropList> m_list;
-    bool m_held = false; // the button that opened the list is still down
+    int m_wheelRest = 0;     // of the wheel, less than a notch
+    bool m_held = false;     // the button that opened the list is still down
+    bool m_altAlone = false; // Alt is down, and no other key was pressed since
 };

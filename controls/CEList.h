@@ -9,10 +9,15 @@
 #include <memory>
 #include <vector>
 
+namespace vant::detail
+{
+class EntryKey;
+}
+
 /** A list of entries of which one is selected, with a scroll bar; also what drops down from a combo box.
  *
  *  The list owns its entries. They are added one by one, at the cost of each alone, or by the fill callback,
- * which empties nothing by itself: Fill() has cleared the list before it calls it. Only entries in view are
+ * which finds the list empty. Only entries in view are
  * drawn, so a list of 100,000 opens and scrolls like one of ten.
  *
  *  The selected entry is the value of the bound variable:
@@ -30,7 +35,8 @@
  *
  *  The user selects with the mouse, the arrow keys, Home, End, Page Up and Page Down, or types the beginning
  * of an entry: what is typed within a second of the key before counts together, and the same letter again and
- * again goes through all entries that begin with it. Upper and lower case are the same. The wheel scrolls.
+ * again, if no entry begins like that, goes through all that begin with the letter. Upper and lower case are
+ * the same. The wheel scrolls.
  *
  *  All lengths are units (see CDpi). Belongs to the UI thread. */
 class VANT_API CEList : public CECtrl
@@ -52,8 +58,8 @@ public:
 
     /** @name Fields @{ */
     int entryH = 20;   ///< room of an entry along the list: its height, or in a row its width
-    int inRow = 0;     ///< non-zero: the entries stand side by side, each as high as the list
-    int hotTrack = 0;  ///< non-zero: the entry under the mouse is lit
+    int inRow = 0;     ///< non-zero: the entries stand side by side, each as high as the list, and their
+                       ///< texts run upwards
     CString emptyText; ///< shown in a list without entries
     /** @} */
 
@@ -100,7 +106,8 @@ public:
      * callback is called. */
     void Sel(CELEnt* ent);
     void Sel(int index) { Sel(GetAt(index)); }
-    /** Selects the entry that a value names, or none. Costs nothing while the same entry goes on to fit. */
+    /** Selects the entry that a bound variable names, or none; leaves the selection alone when nothing is
+     * bound. The list is searched only if the variable or the list has changed. */
     void SelVal(const CEVal& val);
     /** Stores what an entry stands for in a bound variable, by the table above. Nothing without an entry. */
     static void StoreIn(CEVal& val, const CELEnt* ent);
@@ -113,14 +120,14 @@ public:
     void SetFill(CObject* target, FillFn fn, void* data = nullptr);
     /** Lets a member of `target` draw the entries. */
     void SetDraw(CObject* target, DrawFn fn);
-    /** Clears the list, has it filled, and selects the entry that the callback returned, or else the one of
-     * the bound variable. Nothing without a callback. */
-    void Fill();
-    /** Fill(), but lets `val` name the entry. */
+    /** Clears the list and has it filled, then selects the entry that the callback returned, or else the one
+     * that `val` names. Without a callback only the latter. */
     void FillFor(const CEVal& val);
-    /** Draws one entry: by the callback, or its text. @param rc  units @param lit  draw it as the current one
-     */
-    void DrawEnt(CDC* dc, const CRect& rc, CELEnt* ent, bool lit, bool enabled);
+    /** The same for the variable that the list is bound to. */
+    void Fill() { FillFor(*this); }
+    /** Draws an entry on a background that is there already: by the callback, or its text.
+     *  @param place  units  @param selected  passed on; a text is brighter */
+    void DrawEnt(CDC* dc, const CRect& place, CELEnt* ent, bool selected);
     /** @} */
 
     /** @name Scrolling @{ */
@@ -133,10 +140,15 @@ public:
     void Show(const CELEnt* ent);
     /** The entry at a point of the client area, units; null where there is none. */
     CELEnt* EntAt(CPoint at) const;
-    /** Where an entry is, units; empty for one that is not in view. */
+    /** Where an entry is, units, as far as it is in view; empty for one that is not. */
     CRect EntRc(const CELEnt* ent) const;
+    /** How large a list of so many entries is along them, with its frame, units. */
+    int LengthOf(int count) const noexcept;
     /** @} */
 
+    /** Has the list filled, or else selects what the bound variable names. */
+    int Create(unsigned long wndStyle, const RECT& r, CWnd* parent, unsigned int childId) override;
+    /** Selects the entry that the bound variable names. */
     void Update(int arg) override;
     /** Stores the selected entry in the bound variable, without a callback. */
     void Retreive() override;
@@ -147,24 +159,38 @@ public:
 protected:
     /** How the user came to an entry. */
     enum class Pick {
-        Move,   ///< a key moved to it
-        Press,  ///< the mouse button went down on it
-        Choose, ///< it is meant: double click, or Enter
+        Move,    ///< a key moved to it
+        Press,   ///< the mouse button went down on it, or was moved there while down
+        Release, ///< the mouse button was released over it
+        Choose,  ///< it is meant: double click, or Enter
     };
 
-    /** What the user's coming to an entry does: here it selects, stores and tells. May destroy the list. */
+    /** What the user's coming to an entry does: here it selects, stores and tells. May destroy the window. */
     virtual void OnPick(CELEnt* ent, Pick how);
-    /** Does what a key does in the list. @return whether the key is one of the list's; the list may be gone
-     * then */
+    /** The entry that is marked, and that keys start from: here the selected one. */
+    virtual CELEnt* Current() const { return m_sel; }
+    /** An entry is about to go, or with null all of them. */
+    virtual void OnRemove(const CELEnt* ent);
+    /** The mouse has moved over another entry, or over none. */
+    virtual void OnHot(CELEnt* ent);
+    /** Draws what is around and behind the entries. */
+    virtual void DrawFrame(CDC* dc, const CRect& r);
+    /** Draws a text as an entry's. */
+    void DrawLabel(CDC* dc, CRect r, const CString& label, bool selected);
+    /** Lets go of the mouse. */
+    void ReleaseMouse();
+
+    /** Does what a key does in the list. @return whether the key is one of the list's */
     bool TakeKey(UINT key);
     /** The same for a character that is typed. */
     bool TakeChar(wchar_t character);
     /** The same for the wheel. @return whether there is anything to scroll */
     bool TakeWheel(short delta);
-    /** The entry that keys start from: here the selected one. */
-    virtual CELEnt* Current() const { return m_sel; }
+    /** Whether a text is being typed, which a blank may go on with. */
+    bool IsTyping() const;
+    /** Has one entry drawn again. */
+    void InvalidateEnt(const CELEnt* ent);
 
-    int OnCreate(LPCREATESTRUCT create);
     afx_msg void OnLButtonDown(UINT flags, CPoint point);
     afx_msg void OnLButtonUp(UINT flags, CPoint point);
     afx_msg void OnMouseMove(UINT flags, CPoint point);
@@ -175,24 +201,38 @@ protected:
     afx_msg void OnChar(UINT character, UINT repeat, UINT flags);
     afx_msg UINT OnGetDlgCode();
     afx_msg void OnSize(UINT how, int width, int height);
-    afx_msg void OnEnable(BOOL enable);
     DECLARE_MESSAGE_MAP()
 
 private:
     CELEnt* Append(std::unique_ptr<CELEnt> ent);
+    bool IsOwn(const CELEnt* ent) const noexcept;
+    void Changed();
+    CRect InnerRc() const;
+    CRect BarRc() const;
+    int Along(CPoint at) const noexcept;
+    int BarLength() const;
+    void SyncPage();
+    void DrawBar(CDC* dc) const;
+    void PressBar(int at);
+    void SetHot(CELEnt* ent);
+    void Tell(int code);
 
     std::vector<std::unique_ptr<CELEnt>> m_ents;
     CELEnt* m_sel = nullptr;
-    CELEnt* m_hot = nullptr;
+    CELEnt* m_hot = nullptr;     // under the mouse
+    CELEnt* m_pressed = nullptr; // where the button went down last, for double clicks
+    LONG m_pressTime = 0;        // of that, milliseconds
     CObject* m_fillTarget = nullptr;
     FillFn m_fill = nullptr;
     void* m_fillData = nullptr;
     CObject* m_drawTarget = nullptr;
     DrawFn m_draw = nullptr;
-    vant::detail::RowScroll m_scroll; // a row is an entry
+    bool m_filling = false;
+    bool m_stale = false;                                // is to be drawn again already
+    std::unique_ptr<vant::detail::EntryKey> m_lookedFor; // what no entry stood for
+    vant::detail::RowScroll m_scroll;                    // a row is an entry
     vant::detail::TypeAhead m_typed;
-    int m_wheelRest = 0; // of the wheel, less than a notch
+    int m_wheelRest = 0; // of the wheel, less than an entry
     int m_grip = -1;     // where the thumb is held, from its beginning; -1: it is not
-    DWORD m_pressTime = 0;
-    CELEnt* m_pressed = nullptr;
+    bool m_held = false; // the button is down on the entries
 };

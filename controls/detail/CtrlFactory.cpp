@@ -1,9 +1,11 @@
 #include "controls/detail/CtrlFactory.h"
 
 #include "controls/CEBtn.h"
+#include "controls/CECb.h"
 #include "controls/CECheck.h"
 #include "controls/CEEdit.h"
 #include "controls/CELabel.h"
+#include "controls/CEList.h"
 #include "controls/CERadius.h"
 #include "controls/CEText.h"
 #include "controls/CEWnd.h"
@@ -33,7 +35,8 @@ struct Entry {
 constexpr Entry classes[] = {
     {CECtrl::typeText, Make<CEText>},     {CECtrl::typeLabel, Make<CELabel>},
     {CECtrl::typeEdit, Make<CEEdit>},     {CECtrl::typeBtn, Make<CEBtn>},
-    {CECtrl::typeCheck, Make<CECheck>},   {CECtrl::typeWnd, Make<CEWnd>},
+    {CECtrl::typeCheck, Make<CECheck>},   {CECtrl::typeCb, Make<CECb>},
+    {CECtrl::typeList, Make<CEList>},     {CECtrl::typeWnd, Make<CEWnd>},
     {CECtrl::typeRadius, Make<CERadius>},
 };
 

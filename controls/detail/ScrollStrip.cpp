@@ -17,18 +17,35 @@ CPoint PointOf(LPARAM lParam) noexcept
     return {static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))};
 }
 
+constexpr int thumbMargin = 2; // to both sides
+
+void DrawThumb(CDC& dc, CRect r, ScrollStrip::Look look)
+{
+    dc.FillSolidRect(r, look == ScrollStrip::Look::Normal ? Vant::med : Vant::cyan);
+    if (look != ScrollStrip::Look::Hover)
+        return;
+    r.DeflateRect(1, 1);
+    dc.FillSolidRect(r, Vant::med);
+}
+
 } // namespace
 
 void ScrollStrip::Draw(CDC& dc, const CRect& bar, RowScroll::Span thumb, Look look)
 {
-    constexpr int margin = 2; // of the thumb, to both sides
-    CRect r(bar.left + margin, bar.top + thumb.from, bar.right - margin, bar.top + thumb.from + thumb.length);
     dc.FillSolidRect(bar, Vant::slate);
-    dc.FillSolidRect(r, look == Look::Normal ? Vant::med : Vant::cyan);
-    if (look != Look::Hover)
-        return;
-    r.DeflateRect(1, 1);
-    dc.FillSolidRect(r, Vant::med);
+    DrawThumb(dc,
+              {bar.left + thumbMargin, bar.top + thumb.from, bar.right - thumbMargin,
+               bar.top + thumb.from + thumb.length},
+              look);
+}
+
+void ScrollStrip::DrawAcross(CDC& dc, const CRect& bar, RowScroll::Span thumb, Look look)
+{
+    dc.FillSolidRect(bar, Vant::slate);
+    DrawThumb(dc,
+              {bar.left + thumb.from, bar.top + thumbMargin, bar.left + thumb.from + thumb.length,
+               bar.bottom - thumbMargin},
+              look);
 }
 
 void ScrollStrip::Show(int content, int page, int first)

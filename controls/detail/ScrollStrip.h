@@ -22,6 +22,8 @@ public:
 
     /** Draws a scroll bar. @param dc  takes units */
     static void Draw(CDC& dc, const CRect& bar, RowScroll::Span thumb, Look look);
+    /** The same for a bar that lies. */
+    static void DrawAcross(CDC& dc, const CRect& bar, RowScroll::Span thumb, Look look);
 
     /** @param wnd  outlives this */
     explicit ScrollStrip(CVantWnd& wnd) noexcept

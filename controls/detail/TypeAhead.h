@@ -12,15 +12,13 @@ class TypeAhead
 public:
     static constexpr std::uint32_t timeOut = 1000; ///< milliseconds between two characters
 
-    /** What to look for after a character. */
-    struct Search {
-        std::wstring prefix;     ///< how the entry begins
-        bool onFromHere = false; ///< not the current entry itself, but one behind it
-    };
+    /** Takes a character. @param now  milliseconds; may wrap  @return how the entry begins that is meant,
+     * from the current one on; a single character looks behind the current one */
+    const std::wstring& Type(wchar_t character, std::uint32_t now);
 
-    /** Takes a character. The same one again and again goes on to the next entry that begins with it.
-     *  @param now  milliseconds; may wrap */
-    Search Type(wchar_t character, std::uint32_t now);
+    /** Whether what is typed is one character again and again: if no entry begins so, the next one is meant
+     * that begins with the character. */
+    bool IsRepeated() const noexcept;
 
     /** Whether a text is being typed, of which a blank would be a part. */
     bool IsTyping(std::uint32_t now) const noexcept;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "controls/detail/WorkArea.h"
+
 #include <afxwin.h>
 
 namespace vant::detail
@@ -15,16 +17,5 @@ CRect MsgPlace(HWND over, CSize size);
 /** `place` if it does not touch `other`, else the nearest place below, above, right or left of it that is
  * inside the work area of the monitor; `place` if none is. */
 CRect MsgPlaceBeside(const CRect& place, const CRect& other);
-
-/** The work area of the monitor that a window, or the greater part of it, is on. @param wnd  null: the
- * primary monitor */
-CRect WorkArea(HWND wnd);
-
-/** The work area of the monitor that is nearest to a point. */
-CRect WorkArea(CPoint screenPt);
-
-/** Moves a rectangle into another one, its right and bottom first: what is too large begins at the top left.
- */
-CRect MovedInto(CRect r, const CRect& area);
 
 } // namespace vant::detail

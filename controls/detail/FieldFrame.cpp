@@ -1,0 +1,27 @@
+#include "controls/detail/FieldFrame.h"
+
+#include "controls/CEStyle.h"
+#include "controls/detail/SkinPiece.h"
+#include "platform/Vant.h"
+#include "resources/Skins.h"
+
+namespace vant::detail
+{
+
+void DrawFieldFrame(CDC& dc, const CRect& r, const CEStyle& style, FieldCell cell, COLORREF back)
+{
+    const auto& frames = style.greyBk ? skins::txt::grey : skins::txt::black;
+    const bool isSkinned = DrawPiece(dc, r, Vant::txt, frames, static_cast<int>(cell), back);
+    if (!isSkinned)
+        CEStyle::Brdr2(&dc, r);
+    // The skin of a field that is disabled has its own inside.
+    if (isSkinned && cell == FieldCell::Disabled)
+        return;
+    CRect inside = r;
+    inside.DeflateRect(fieldFrame, fieldFrame);
+    const HGDIOBJ own = style.pBrush ? style.pBrush->GetSafeHandle() : nullptr;
+    const HGDIOBJ plain = own ? own : ::GetStockObject(BLACK_BRUSH);
+    ::FillRect(dc, inside, style.greyBk ? static_cast<HBRUSH>(Vant::greyB) : static_cast<HBRUSH>(plain));
+}
+
+} // namespace vant::detail

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <afxwin.h>
+
+class CEStyle;
+
+namespace vant::detail
+{
+
+/** Looks of the frame of a field, in the order of the skin. */
+enum class FieldCell { Normal, Hover, Focused, Invalid, Disabled };
+
+/** What a field's frame takes of it on every side, units. */
+inline constexpr int fieldFrame = 2;
+
+/** Draws the frame of a field of the style, and fills its inside.
+ *  @param back  colour of what the field stands on */
+void DrawFieldFrame(CDC& dc, const CRect& r, const CEStyle& style, FieldCell cell, COLORREF back);
+
+} // namespace vant::detail
