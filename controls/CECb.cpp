@@ -198,7 +198,7 @@ void CECb::DrawButton(CDC* dc) const
     Look drawn = (look & lookHover) ? Look::Hover : Look::Normal;
     if (!IsEnabled())
         drawn = Look::Disabled;
-    else if (IsOpen())
+    else if (IsOpen() || (look & lookPressed))
         drawn = Look::Pressed;
     const CRect r = ButtonRc();
     const COLORREF back = BackCol();

@@ -43,6 +43,7 @@ void CECb::OnLButtonDown(UINT, CPoint)
         return;
     Vant::Snd(clickSound);
     m_held = true;
+    look |= lookPressed;
     SetCapture();
 }
 
@@ -68,6 +69,7 @@ void CECb::OnLButtonUp(UINT flags, CPoint point)
 void CECb::OnCaptureChanged(CWnd* to)
 {
     m_held = false;
+    look &= ~lookPressed;
     CECtrl::OnCaptureChanged(to);
 }
 

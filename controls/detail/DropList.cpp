@@ -108,8 +108,8 @@ bool DropList::Open(const CRect& place)
         return false;
     m_box.Dpi().Set(m_hWnd);
     SetWindowPos(&wndTop, place.left, place.top, place.Width(), place.Height(), SWP_NOACTIVATE);
-    ScrollTo(0);
-    Show(m_current);
+    // What is near is in view on both sides.
+    ScrollTo(m_current ? m_current->Index() - Page() / 2 : 0);
     ShowWindow(SW_SHOWNOACTIVATE);
     SetTimer(watchTimer, watchPeriod);
     WatchMouse(&m_box);

@@ -202,6 +202,7 @@ TEST_F(CECbTest, TheMouseOpensChoosesAndCloses)
     ASSERT_TRUE(cb.IsOpen());
     const CRect drop = PlaceOf(cb.List());
     EXPECT_EQ(drop, CRect(box.left, box.bottom, box.right, box.bottom + 12 * 20 + 4));
+    EXPECT_EQ(cb.List().First(), 0);
     ClickScreen(CPoint(drop.left + 20, drop.top + 2 + 3 * 20 + 5));
     EXPECT_FALSE(cb.IsOpen());
     EXPECT_THAT(Heard(), ElementsAre(30));
@@ -235,7 +236,7 @@ TEST_F(CECbTest, TheListFollowsItsBox)
 {
     // Nobody tells the box that a window around it was moved, hidden or disabled.
     for (const std::function<void()>& change : std::vector<std::function<void()>>{
-             [this] { host.SetWindowPos(nullptr, 60, 60, 0, 0, SWP_NOSIZE | SWP_NOACTIVATE); },
+             [this] { host.SetWindowPos(nullptr, 60, 60, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE); },
              [this] {
                  host.SetWindowPos(nullptr, 0, 0, 0, 0,
                                    SWP_NOSIZE | SWP_NOMOVE | SWP_NOACTIVATE | SWP_HIDEWINDOW);
@@ -317,7 +318,8 @@ TEST_F(CECbTest, TheListStaysInsideTheScreen)
 {
     RECT work;
     ::SystemParametersInfoW(SPI_GETWORKAREA, 0, &work, 0);
-    host.SetWindowPos(nullptr, work.right - 100, work.bottom - 100, 0, 0, SWP_NOSIZE | SWP_NOACTIVATE);
+    host.SetWindowPos(nullptr, work.right - 100, work.bottom - 100, 0, 0,
+                      SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
     cb.dropW = 300;
     ASSERT_EQ(cb.Open(), 1);
     const CRect box = PlaceOf(cb);

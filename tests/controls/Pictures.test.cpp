@@ -1,4 +1,5 @@
 #include "controls/CEBtn.h"
+#include "controls/CECb.h"
 #include "controls/CECheck.h"
 #include "controls/CELabel.h"
 #include "controls/CEText.h"
@@ -213,6 +214,7 @@ TEST_F(PicturesTest, EveryStateIsSeenAtEveryScale)
         {"clickable label", [] { return Label(L"Sonar settings", CELabel::barNone, true); }},
         {"caption", [] { return Label(L"Sonar settings", CELabel::barCaption, false); }, false},
         {"category", [] { return Label(L"Sonar settings", CELabel::barCategory, true); }},
+        {"combo box", [] { return Make<CECb>(L"Backscatter, gypsy"); }},
         {"text", [] { return Make<CEText>(L"Depth below keel, gypsy, much longer"); }, false},
         {"value", [] { return ReadOut(0, 0, DT_RIGHT); }, false},
         {"read-out", [] { return ReadOut(1, 0, DT_RIGHT); }, false},

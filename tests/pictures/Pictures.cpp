@@ -146,6 +146,67 @@ private:
     double m_bearing = std::atan(1.0);
 };
 
+/** A form with lists, one of which is open. */
+class CLists : public CVantWnd
+{
+public:
+    CLists() { name = L"Lists"; }
+
+    void SetupCtrls() override
+    {
+        CCtrlCat& sonar = *GetCat(L"Sonar", kindStacked, 1, 0);
+        const auto box = [&sonar](const wchar_t* caption, int& value) -> CECb& {
+            sonar.InsText(90, caption);
+            auto& cb = static_cast<CECb&>(*sonar.InsCtrl(150, CECtrl::typeCb, value));
+            sonar.NewLn();
+            return cb;
+        };
+        CECb& mode = box(L"Mode", m_mode);
+        for (const wchar_t* const text : {L"Equiangular", L"Equidistant", L"High density"})
+            mode.Add(text);
+        open = &box(L"Frequency", m_frequency);
+        for (int frequency = 150; frequency <= 700; frequency += 25) {
+            CString text;
+            text.Format(L"%d kHz", frequency);
+            open->Add(text, frequency);
+        }
+        open->maxRows = 8;
+        CECb& disabled = box(L"Pulse", m_pulse);
+        disabled.Add(L"Continuous wave");
+        disabled.state &= ~CECtrl::stEnabled;
+
+        CCtrlCat& lines = *GetCat(L"Lines", kindStacked, 1, 0);
+        const int left = lines.curX;
+        lines.ctrlH = listH;
+        auto& list = static_cast<CEList&>(*lines.InsCtrl(200, CECtrl::typeList, m_line));
+        for (int line = 1; line <= 42; ++line) {
+            CString text;
+            text.Format(L"Line %02d  %.2f km", line, 3.1 + line % 7 * 0.21);
+            list.Add(text, line);
+        }
+        lines.ShiftX(16);
+        for (const int layout : {CECb::layoutRight, CECb::layoutLeft}) {
+            auto& strip = static_cast<CECb&>(*lines.InsCtrl(26, CECtrl::typeCb, m_mode));
+            strip.layout = layout;
+            for (const wchar_t* const text : {L"Depth", L"Backscatter", L"Slope"})
+                strip.Add(text);
+            lines.ShiftX(8);
+        }
+        lines.ctrlH = CCtrlCat().ctrlH;
+        lines.ShiftY(listH, left);
+    }
+
+    CECb* open = nullptr;
+
+private:
+    static constexpr int listH = 164; // eight lines and the frame
+
+    int m_mode = 1;
+    int m_pulse = 0;
+    int m_frequency = 400;
+    int m_line = 4;
+};
+
 void FillConsoles()
 {
     constexpr int lines = 40;
@@ -189,6 +250,16 @@ void TakeForm(CPictures& pictures)
     around.InflateRect(180, 40, 260, 60);
     pictures.SaveScreen(around, L"tooltip.png");
     ::SetCursorPos(0, 0);
+}
+
+void TakeLists(CPictures& pictures)
+{
+    CLists lists;
+    lists.CreateWnd(L"Lists", WS_OVERLAPPEDWINDOW, CRect(40, 40, 420, 420));
+    lists.ShowWindow(SW_SHOW);
+    HandleMessages(settleTime);
+    lists.open->Open();
+    pictures.Save(lists, L"lists.png");
 }
 
 void TakeConsoles(CPictures& pictures)
@@ -261,6 +332,7 @@ int main(int argc, char* argv[])
     CPictures pictures{CString(argv[1])};
     FillConsoles();
     TakeForm(pictures);
+    TakeLists(pictures);
     TakeConsoles(pictures);
     TakeMessages(pictures);
     Vant::Exit();
