@@ -15,6 +15,8 @@
 #include "controls/CELEnt.h"
 #include "controls/CELabel.h"
 #include "controls/CEList.h"
+#include "controls/CEMEnt.h"
+#include "controls/CEMenu.h"
 #include "controls/CERadius.h"
 #include "controls/CEStyle.h"
 #include "controls/CEText.h"

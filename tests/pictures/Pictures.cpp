@@ -262,6 +262,49 @@ void TakeLists(CPictures& pictures)
     pictures.Save(lists, L"lists.png");
 }
 
+/** A menu, open with a sub-menu. It belongs to the user until it is closed: a timer does that, and takes the
+ * picture before. */
+void TakeMenu(CPictures& pictures)
+{
+    static CPictures* to;
+    static CEMenu* menu;
+    to = &pictures;
+    CVantWnd chart;
+    chart.CreateWnd(L"Chart", WS_OVERLAPPEDWINDOW, CRect(40, 40, 500, 360));
+    chart.ShowWindow(SW_SHOW);
+    HandleMessages(settleTime);
+    int layers = 5;
+    int range = 100;
+    CEMenu context;
+    menu = &context;
+    context.Add(L"&Centre here");
+    context.Add(L"&Follow vessel\tF6")->Check(layers, 1);
+    context.AddSep();
+    context.Add(L"Show &grid\tCtrl+G")->Check(layers, 2);
+    context.Add(L"Show &tracks\tCtrl+Shift+T")->Check(layers, 4);
+    context.Add(L"&Delete waypoint\tDel")->Enable(0);
+    context.AddSep();
+    CEMenu& ranges = *context.AddSub(L"&Range");
+    for (const int metres : {50, 100, 200, 500}) {
+        CString text;
+        text.Format(L"%d m", metres);
+        ranges.Add(text)->Choice(range, metres);
+    }
+    context.AddSub(L"&Export")->Add(L"Chart");
+    for (const UINT key : {VK_END, VK_UP, VK_RIGHT, VK_DOWN, VK_DOWN})
+        ::PostMessageW(chart, WM_KEYDOWN, key, 1);
+    chart.SetTimer(1, settleTime, [](HWND wnd, UINT, UINT_PTR timer, DWORD) {
+        ::KillTimer(wnd, timer);
+        CRect place;
+        ::GetWindowRect(wnd, &place);
+        to->SaveScreen(place, L"menu.png");
+        menu->Cancel();
+    });
+    CRect place;
+    chart.GetWindowRect(&place);
+    context.TrackPopup(CPoint(place.left + 40, place.top + 50), &chart);
+}
+
 void TakeConsoles(CPictures& pictures)
 {
     struct {
@@ -333,6 +376,7 @@ int main(int argc, char* argv[])
     FillConsoles();
     TakeForm(pictures);
     TakeLists(pictures);
+    TakeMenu(pictures);
     TakeConsoles(pictures);
     TakeMessages(pictures);
     Vant::Exit();
