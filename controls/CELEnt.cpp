@@ -23,3 +23,18 @@ CELEnt::CELEnt(const CStrVal& pair)
     , kind(kindNum)
 {
 }
+
+CELEnt::CELEnt(const CELEnt& other)
+    : CStrVal(other)
+    , kind(other.kind)
+    , item(other.item)
+{
+}
+
+CELEnt& CELEnt::operator=(const CELEnt& other)
+{
+    CStrVal::operator=(other);
+    kind = other.kind;
+    item = other.item;
+    return *this;
+}

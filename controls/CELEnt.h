@@ -24,6 +24,9 @@ public:
     CELEnt(const CString& entryText, void* entryItem);
     CELEnt(const CString& entryText, double entryValue);
     explicit CELEnt(const CStrVal& pair);
+    /** A copy is in no list, and an assignment leaves an entry at its place. */
+    CELEnt(const CELEnt& other);
+    CELEnt& operator=(const CELEnt& other);
 
     int kind = kindText;  ///< what it stands for, Kind
     void* item = nullptr; ///< the application's; may be null in an entry of kindItem too. Not owned.

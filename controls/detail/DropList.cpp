@@ -139,7 +139,8 @@ void DropList::OnTimer(UINT_PTR event)
     // Nobody tells a window that another one around it was moved or hidden.
     CRect place;
     m_box.GetWindowRect(&place);
-    if (place != m_boxPlace || !m_box.IsWindowVisible() || !m_box.IsWindowEnabled())
+    const bool isInUse = m_box.IsWindowVisible() && m_box.IsWindowEnabled() && ::GetFocus() == m_box.m_hWnd;
+    if (place != m_boxPlace || !isInUse)
         m_box.Close();
 }
 

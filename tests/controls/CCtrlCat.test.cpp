@@ -152,20 +152,20 @@ TEST_F(CCtrlCatTest, BindsEveryTypeWithItsCode)
 TEST_F(CCtrlCatTest, MakesControlsByTheirCodes)
 {
     CCtrlCat cat;
-    for (const int code :
-         {CECtrl::typeText, CECtrl::typeLabel, CECtrl::typeBtn, CECtrl::typeCheck, CECtrl::typeWnd}) {
+    for (const int code : {CECtrl::typeText, CECtrl::typeLabel, CECtrl::typeBtn, CECtrl::typeCheck,
+                           CECtrl::typeCb, CECtrl::typeList, CECtrl::typeWnd}) {
         const CECtrl* const ctrl = cat.NewCtrl(10, code);
         ASSERT_NE(ctrl, nullptr) << code;
         EXPECT_EQ(ctrl->ctrlType, code);
     }
     const CPoint cursor(cat.curX, cat.curY);
     int variable = 0;
-    for (const int code : {0, 17, 8, 4096, -1}) {
+    for (const int code : {0, 17, 8, 4, -1}) {
         EXPECT_EQ(cat.NewCtrl(10, code), nullptr) << code;
         EXPECT_EQ(cat.InsCtrl(10, code, variable), nullptr) << code;
     }
     EXPECT_EQ(CPoint(cat.curX, cat.curY), cursor);
-    EXPECT_EQ(cat.ctrls.GetCount(), 5);
+    EXPECT_EQ(cat.ctrls.GetCount(), 7);
 }
 
 TEST_F(CCtrlCatTest, TextsTagsAndButtons)

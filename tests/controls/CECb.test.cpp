@@ -1,6 +1,6 @@
 #include "controls/CECb.h"
-#include "controls/CVantWnd.h"
 #include "controls/InputHost.h"
+#include "controls/WndTest.h"
 #include "support/MessagePump.h"
 
 #include <functional>
@@ -178,8 +178,6 @@ TEST_F(CECbTest, TabChoosesAndGoesOn)
     auto* const box = static_cast<CECb*>(wnd.InsCtrl(100, CECtrl::typeCb, first));
     auto* const list = static_cast<CEList*>(wnd.InsCtrl(100, CECtrl::typeList, first));
     ASSERT_TRUE(box && list);
-    EXPECT_EQ(box->ctrlType, 512);
-    EXPECT_EQ(list->ctrlType, 4096);
     box->Add(L"50", 50);
     box->Add(L"60", 60);
     ASSERT_TRUE(wnd.CreateWnd(wnd.name, WS_POPUP, CRect(40, 40, 340, 140)));
@@ -235,18 +233,17 @@ TEST_F(CECbTest, TheMouseOpensChoosesAndCloses)
 TEST_F(CECbTest, TheListFollowsItsBox)
 {
     // Nobody tells the box that a window around it was moved, hidden or disabled.
+    RecordingWnd page;
+    page.CreateChild(host, CRect(0, 0, 300, 150));
+    CECb box;
+    ASSERT_EQ(box.Create(box.WndStyle(), CRect(20, 50, 140, 70), &page, 3), 1);
     for (const std::function<void()>& change : std::vector<std::function<void()>>{
-             [this] { host.SetWindowPos(nullptr, 60, 60, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE); },
-             [this] {
-                 host.SetWindowPos(nullptr, 0, 0, 0, 0,
-                                   SWP_NOSIZE | SWP_NOMOVE | SWP_NOACTIVATE | SWP_HIDEWINDOW);
-             }}) {
-        ASSERT_EQ(cb.Open(), 1);
+             [&] { page.MoveWindow(0, 10, 300, 150); }, [&] { page.ShowWindow(SW_HIDE); }}) {
+        ASSERT_EQ(box.Open(), 1);
         change();
-        EXPECT_TRUE(PumpUntil([this] { return !cb.IsOpen(); }));
+        EXPECT_TRUE(PumpUntil([&] { return !box.IsOpen(); }));
     }
-    EXPECT_EQ(cb.Open(), 0) << "hidden";
-    host.ShowWindow(SW_SHOWNOACTIVATE);
+    EXPECT_EQ(box.Open(), 0) << "hidden";
     cb.state = CECtrl::stShown;
     cb.Update(0);
     EXPECT_EQ(cb.Open(), 0) << "disabled";
@@ -318,15 +315,23 @@ TEST_F(CECbTest, TheListStaysInsideTheScreen)
 {
     RECT work;
     ::SystemParametersInfoW(SPI_GETWORKAREA, 0, &work, 0);
-    host.SetWindowPos(nullptr, work.right - 100, work.bottom - 100, 0, 0,
-                      SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
-    cb.dropW = 300;
-    ASSERT_EQ(cb.Open(), 1);
-    const CRect box = PlaceOf(cb);
-    const CRect drop = PlaceOf(cb.List());
+    CWnd corner;
+    corner.CreateEx(WS_EX_TOOLWINDOW, Vant::wndClass, L"corner", WS_POPUP,
+                    CRect(work.right - 100, work.bottom - 100, work.right, work.bottom), nullptr, 0);
+    CDpi().Set(corner);
+    corner.ShowWindow(SW_SHOWNOACTIVATE);
+    CECb low;
+    for (int i = 0; i < 30; ++i)
+        low.Add(L"Entry", i);
+    low.dropW = 300;
+    ASSERT_EQ(low.Create(low.WndStyle(), CRect(20, 10, 140, 30), &corner, 3), 1);
+    ASSERT_EQ(low.Open(), 1);
+    const CRect box = PlaceOf(low);
+    const CRect drop = PlaceOf(low.List());
     EXPECT_EQ(drop.bottom, box.top) << "upwards";
     EXPECT_EQ(drop.right, work.right);
     EXPECT_EQ(drop.Width(), 300);
     EXPECT_EQ((drop.Height() - 4) % 20, 0);
-    EXPECT_EQ(cb.List().Page(), 12);
+    EXPECT_EQ(low.List().Page(), 12);
+    corner.DestroyWindow();
 }

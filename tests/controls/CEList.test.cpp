@@ -168,6 +168,10 @@ TEST_F(CEListTest, EntriesKeepTheirPlacesAndPointers)
     EXPECT_EQ(third->Index(), 1);
     EXPECT_EQ(list.GetAt(1), third);
     EXPECT_EQ(list.GetSel(), third);
+    *third = CELEnt(L"Renamed", 7.0);
+    EXPECT_EQ(list.FindNum(7), third);
+    EXPECT_EQ(third->Index(), 1);
+    EXPECT_EQ(CELEnt(*third).Index(), -1);
     list.Remove(third);
     EXPECT_EQ(list.GetSel(), nullptr);
     CEList other;
