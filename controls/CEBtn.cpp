@@ -1,9 +1,10 @@
 #include "controls/CEBtn.h"
 
+#include "controls/detail/BoundNumber.h"
+#include "controls/detail/BtnFace.h"
 #include "controls/detail/CtrlText.h"
 #include "controls/detail/MaskBits.h"
 #include "controls/detail/SkinPiece.h"
-#include "platform/Vant.h"
 
 using vant::skins::Look;
 
@@ -69,24 +70,14 @@ void CEBtn::DrawOwnSkin(CDC* dc, CRect r, Look drawn)
 
 void CEBtn::Draw(CDC* dc)
 {
-    CRect r = ClientRc();
-    const Look drawn = DrawnLook();
-    const bool latched = IsLatched();
+    const CRect r = ClientRc();
+    const vant::detail::BtnFace face{DrawnLook(), IsLatched(), (look & lookHover) != 0};
     DrawBack(dc);
     style.Set(dc);
-    const auto& face = latched ? vant::skins::grad1::latched : vant::skins::grad1::face;
     if (ownDC)
-        DrawOwnSkin(dc, r, drawn);
-    else if (!vant::detail::DrawPiece(*dc, r, Vant::grad1, face, drawn, BackCol()))
-        CEStyle::Brdr2(dc, r);
-    if (drawn == Look::Disabled)
-        dc->SetTextColor(vant::detail::disabledText);
-    else if (latched || (look & (lookHover | lookPressed)))
-        dc->SetTextColor(vant::detail::litText);
-    constexpr int frameAndGap = 4;
-    r.DeflateRect(frameAndGap, 0);
-    if (drawn == Look::Pressed)
-        r.OffsetRect(0, 1);
-    vant::detail::DrawLine(*dc, Caption(), r, DT_CENTER);
+        DrawOwnSkin(dc, r, face.drawn);
+    else
+        vant::detail::DrawBtnFace(*dc, r, face, BackCol());
+    vant::detail::DrawBtnCaption(*dc, Caption(), r, face, style.txtCol);
     NoteShown();
 }

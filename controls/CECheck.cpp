@@ -1,11 +1,7 @@
 #include "controls/CECheck.h"
 
-#include "controls/detail/CtrlText.h"
 #include "controls/detail/MaskBits.h"
-#include "controls/detail/SkinPiece.h"
-#include "platform/Vant.h"
-
-#include <algorithm>
+#include "resources/Skins.h"
 
 namespace skin = vant::skins::check;
 using vant::detail::MaskState;
@@ -22,11 +18,6 @@ CECheck::CECheck()
 bool CECheck::IsChecked() const
 {
     return vant::detail::Bits(*this) != MaskState::None;
-}
-
-unsigned long CECheck::WndStyle() const
-{
-    return ClickCtrl::WndStyle() | WS_TABSTOP | keepFocus;
 }
 
 int CECheck::ShownState() const
@@ -68,24 +59,8 @@ void CECheck::DrawPlainMark(CDC* dc, const CRect& box) const
         dc->FillSolidRect(inner, style.txtCol);
 }
 
-void CECheck::Draw(CDC* dc)
+void CECheck::DrawMark(CDC* dc, const CRect& box, Look drawn)
 {
-    const CRect r = ClientRc();
-    const Look drawn = DrawnLook();
-    DrawBack(dc);
-    style.Set(dc);
-    // As large as the drawing, or as the control where that is lower.
-    const int size = std::min(skin::off.h, r.Height());
-    const int top = r.top + (r.Height() - size) / 2;
-    const CRect box(r.left, top, r.left + size, top + size);
-    if (!vant::detail::DrawPiece(*dc, box, Vant::check, Piece(), drawn, BackCol()))
+    if (!DrawCheckPiece(dc, box, Piece(), drawn))
         DrawPlainMark(dc, box);
-    dc->SetBkMode(TRANSPARENT);
-    if (drawn == Look::Disabled)
-        dc->SetTextColor(vant::detail::disabledText);
-    else if (look & (lookHover | lookPressed))
-        dc->SetTextColor(vant::detail::litText);
-    constexpr int gap = 4;
-    vant::detail::DrawLine(*dc, Caption(), {box.right + gap, r.top, r.right, r.bottom}, DT_LEFT);
-    NoteShown();
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "controls/detail/ClickCtrl.h"
+#include "controls/detail/MarkCtrl.h"
 #include "core/VantApi.h"
 
 /** A check box with its text beside it, bound to an integer of any width.
@@ -9,7 +9,7 @@
  * have one bit each. A click toggles the bits under the value's mutex and fires the callbacks; a box of
  * several bits of which only some are set shows that, and is cleared by the next click. A box without a bound
  * integer, or with a mask of 0, stays clear and only fires. The text is `text`. */
-class VANT_API CECheck : public vant::detail::ClickCtrl
+class VANT_API CECheck : public vant::detail::MarkCtrl
 {
     DECLARE_DYNAMIC(CECheck)
 
@@ -27,13 +27,10 @@ public:
     /** Whether a bit of the mask is set. */
     bool IsChecked() const;
 
-    void Draw(CDC* dc) override;
-    /** With WS_TABSTOP. */
-    unsigned long WndStyle() const override;
-
 protected:
     void OnClick() override;
     int ShownState() const override;
+    void DrawMark(CDC* dc, const CRect& box, vant::skins::Look drawn) override;
 
 private:
     const vant::skins::Region& Piece() const;

@@ -4,41 +4,18 @@
 #include <cstdint>
 
 #include "core/detail/ToInteger.h"
+#include "values/detail/ValueLock.h"
 #include "values/detail/ValueType.h"
 
 using vant::detail::LowBits;
 using vant::detail::RoundToInt64;
 using vant::detail::ToInt64;
 using vant::detail::TypeOf;
+using vant::detail::ValueLock;
 using vant::detail::ValueType;
 
 namespace
 {
-
-/** Holds a value's mutex for one access. */
-class Access
-{
-public:
-    explicit Access(CMutex* mutex)
-        : m_mutex(mutex)
-        , m_granted(!mutex || mutex->Lock())
-    {
-    }
-    ~Access()
-    {
-        if (m_mutex && m_granted) {
-            m_mutex->Unlock();
-        }
-    }
-    Access(const Access&) = delete;
-    Access& operator=(const Access&) = delete;
-
-    explicit operator bool() const noexcept { return m_granted; }
-
-private:
-    CMutex* m_mutex;
-    bool m_granted;
-};
 
 std::size_t WidthOf(ValueType type) noexcept
 {
@@ -82,14 +59,14 @@ void CEVal::Init(const wchar_t* fixedText)
 
 void CEVal::InitVal(void* address)
 {
-    if (const Access access{pMutex}) {
+    if (const ValueLock access{pMutex}) {
         pVal = address;
     }
 }
 
 bool CEVal::ReadLocked(void* to, std::size_t size) const
 {
-    const Access access{pMutex};
+    const ValueLock access{pMutex};
     if (!access || !pVal) {
         return false;
     }
@@ -99,7 +76,7 @@ bool CEVal::ReadLocked(void* to, std::size_t size) const
 
 void CEVal::WriteLocked(const void* from, std::size_t size)
 {
-    const Access access{pMutex};
+    const ValueLock access{pMutex};
     if (access && pVal) {
         std::memcpy(pVal, from, size);
     }
@@ -107,7 +84,7 @@ void CEVal::WriteLocked(const void* from, std::size_t size)
 
 CString CEVal::operator=(const CString& v)
 {
-    const Access access{pMutex};
+    const ValueLock access{pMutex};
     if (access && pVal && TypeOf(type) == ValueType::Text) {
         *static_cast<CString*>(pVal) = v;
     }
@@ -116,7 +93,7 @@ CString CEVal::operator=(const CString& v)
 
 CEVal::operator CString() const
 {
-    const Access access{pMutex};
+    const ValueLock access{pMutex};
     if (!access || !pVal || TypeOf(type) != ValueType::Text) {
         return {};
     }

@@ -1,7 +1,7 @@
 #include "controls/detail/ClickCtrl.h"
 
+#include "controls/detail/CtrlLook.h"
 #include "platform/Vant.h"
-#include "resources/Skins.h"
 
 namespace vant::detail
 {
@@ -46,19 +46,12 @@ void ClickCtrl::NoteShown()
 
 bool ClickCtrl::HasFocus() const
 {
-    return m_hWnd && ::GetFocus() == m_hWnd;
+    return detail::HasFocus(*this);
 }
 
 vant::skins::Look ClickCtrl::DrawnLook() const
 {
-    using vant::skins::Look;
-    if (!IsEnabled())
-        return Look::Disabled;
-    if (look & lookPressed)
-        return Look::Pressed;
-    if (HasFocus())
-        return Look::Focused;
-    return (look & lookHover) ? Look::Hover : Look::Normal;
+    return LookOf(*this);
 }
 
 void ClickCtrl::ShowPressed(bool pressed)

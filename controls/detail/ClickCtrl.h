@@ -40,6 +40,10 @@ protected:
     bool HasFocus() const;
     /** Notes what has been drawn, for AutoUpdate(). */
     void NoteShown();
+    /** Whether a click may end at this point of the client area, pixels. */
+    virtual bool IsInside(CPoint px) const;
+    /** Clicks, with its sound. */
+    void Click();
 
     afx_msg void OnLButtonDown(UINT flags, CPoint point);
     afx_msg void OnLButtonUp(UINT flags, CPoint point);
@@ -58,8 +62,6 @@ private:
 
     void Hold(Held by);
     void ShowPressed(bool pressed);
-    bool IsInside(CPoint px) const;
-    void Click();
 
     Held m_held = Held::No;
     int m_shownState = 0;

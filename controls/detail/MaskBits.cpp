@@ -1,7 +1,8 @@
 #include "controls/detail/MaskBits.h"
 
-#include "core/detail/ToInteger.h"
-#include "values/detail/ValueType.h"
+#include "controls/detail/BoundNumber.h"
+#include "values/CEVal.h"
+#include "values/detail/ValueLock.h"
 
 #include <cstdint>
 
@@ -10,20 +11,9 @@ namespace vant::detail
 namespace
 {
 
-// GetVal() does not read 64-bit integers, and gives every other one exactly.
 std::uint64_t Read(const CEVal& value)
 {
-    const std::int64_t bits =
-        TypeOf(value.type) == ValueType::Int64 ? static_cast<__int64>(value) : ToInt64(value.GetVal());
-    return static_cast<std::uint64_t>(bits);
-}
-
-void Write(CEVal& value, std::uint64_t bits)
-{
-    if (TypeOf(value.type) == ValueType::Int64)
-        value = static_cast<__int64>(bits);
-    else
-        value.SetVal(static_cast<double>(static_cast<std::uint32_t>(bits)));
+    return static_cast<std::uint64_t>(IntegerOf(value));
 }
 
 std::uint64_t Mask(const CEVal& value) noexcept
@@ -32,11 +22,6 @@ std::uint64_t Mask(const CEVal& value) noexcept
 }
 
 } // namespace
-
-bool IsInteger(const CEVal& value) noexcept
-{
-    return value.pVal && IsIntegerType(TypeOf(value.type));
-}
 
 MaskState Bits(const CEVal& value)
 {
@@ -51,14 +36,12 @@ MaskState Bits(const CEVal& value)
 
 void ToggleBits(CEVal& value)
 {
-    CMutex* const mutex = value.pMutex;
-    if (!IsInteger(value) || (mutex && !mutex->Lock()))
+    const ValueLock lock(value.pMutex);
+    if (!IsInteger(value) || !lock)
         return;
     const std::uint64_t mask = Mask(value);
     const std::uint64_t bits = Read(value);
-    Write(value, (bits & mask) ? bits & ~mask : bits | mask);
-    if (mutex)
-        mutex->Unlock();
+    PutInteger(value, static_cast<std::int64_t>((bits & mask) ? bits & ~mask : bits | mask));
 }
 
 } // namespace vant::detail

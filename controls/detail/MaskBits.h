@@ -1,15 +1,12 @@
 #pragma once
 
-#include "values/CEVal.h"
+class CEVal;
 
 namespace vant::detail
 {
 
 /** What a value's mask (`aux0`) finds in the bound variable. */
 enum class MaskState { None, Some, All };
-
-/** Whether an integer of any width is bound. */
-bool IsInteger(const CEVal& value) noexcept;
 
 /** The bits of the mask in the bound integer; None where no integer is bound. A mask reaches the low 32 bits.
  */
