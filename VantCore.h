@@ -17,6 +17,7 @@
 #include "controls/CEList.h"
 #include "controls/CEMEnt.h"
 #include "controls/CEMenu.h"
+#include "controls/CERadio.h"
 #include "controls/CERadius.h"
 #include "controls/CEStyle.h"
 #include "controls/CEText.h"

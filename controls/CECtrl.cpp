@@ -94,6 +94,11 @@ unsigned long CECtrl::WndStyle() const
            (IsEnabled() ? 0 : static_cast<unsigned long>(WS_DISABLED));
 }
 
+bool CECtrl::IsTabStop() const
+{
+    return true;
+}
+
 CRect CECtrl::ClientRc() const
 {
     if (!m_hWnd)

@@ -50,6 +50,7 @@ public:
         typeCb = 512,
         typeList = 4096,
         typeWnd = 8192,
+        typeRadio = 16384,
         typeRadius = 131072,
     };
 
@@ -122,6 +123,8 @@ public:
     /** The style bits with which a category creates the window: here WS_VISIBLE and WS_DISABLED, which follow
      * from #state and the enable condition. Controls for the keyboard add WS_TABSTOP and #keepFocus. */
     virtual unsigned long WndStyle() const;
+    /** Whether Tab stops at it, its window having WS_TABSTOP; here always. */
+    virtual bool IsTabStop() const;
     /** @} */
 
     /** Blends the glow image, stretched, over `r` (units); nothing before it is loaded. @param alpha  0 to

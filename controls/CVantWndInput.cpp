@@ -26,7 +26,9 @@ void AppendStop(HWND wnd, Stops& stops)
     if (!IsUsable(wnd))
         return;
     if (HasStyle(wnd, WS_TABSTOP)) {
-        stops.push_back(wnd);
+        const auto* const ctrl = dynamic_cast<CECtrl*>(CWnd::FromHandlePermanent(wnd));
+        if (!ctrl || ctrl->IsTabStop())
+            stops.push_back(wnd);
         return;
     }
     for (HWND child = ::GetWindow(wnd, GW_CHILD); child; child = ::GetWindow(child, GW_HWNDNEXT))

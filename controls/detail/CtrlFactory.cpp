@@ -6,6 +6,7 @@
 #include "controls/CEEdit.h"
 #include "controls/CELabel.h"
 #include "controls/CEList.h"
+#include "controls/CERadio.h"
 #include "controls/CERadius.h"
 #include "controls/CEText.h"
 #include "controls/CEWnd.h"
@@ -33,11 +34,11 @@ struct Entry {
 };
 
 constexpr Entry classes[] = {
-    {CECtrl::typeText, Make<CEText>},     {CECtrl::typeLabel, Make<CELabel>},
-    {CECtrl::typeEdit, Make<CEEdit>},     {CECtrl::typeBtn, Make<CEBtn>},
-    {CECtrl::typeCheck, Make<CECheck>},   {CECtrl::typeCb, Make<CECb>},
-    {CECtrl::typeList, Make<CEList>},     {CECtrl::typeWnd, Make<CEWnd>},
-    {CECtrl::typeRadius, Make<CERadius>},
+    {CECtrl::typeText, Make<CEText>},   {CECtrl::typeLabel, Make<CELabel>},
+    {CECtrl::typeEdit, Make<CEEdit>},   {CECtrl::typeBtn, Make<CEBtn>},
+    {CECtrl::typeCheck, Make<CECheck>}, {CECtrl::typeCb, Make<CECb>},
+    {CECtrl::typeList, Make<CEList>},   {CECtrl::typeWnd, Make<CEWnd>},
+    {CECtrl::typeRadio, Make<CERadio>}, {CECtrl::typeRadius, Make<CERadius>},
 };
 
 } // namespace
