@@ -14,6 +14,7 @@
 #include "controls/CEFlex.h"
 #include "controls/CELEnt.h"
 #include "controls/CELabel.h"
+#include "controls/CELed.h"
 #include "controls/CEList.h"
 #include "controls/CEMEnt.h"
 #include "controls/CEMenu.h"

@@ -5,6 +5,7 @@
 #include "controls/CECheck.h"
 #include "controls/CEEdit.h"
 #include "controls/CELabel.h"
+#include "controls/CELed.h"
 #include "controls/CEList.h"
 #include "controls/CERadio.h"
 #include "controls/CERadius.h"
@@ -34,11 +35,12 @@ struct Entry {
 };
 
 constexpr Entry classes[] = {
-    {CECtrl::typeText, Make<CEText>},   {CECtrl::typeLabel, Make<CELabel>},
-    {CECtrl::typeEdit, Make<CEEdit>},   {CECtrl::typeBtn, Make<CEBtn>},
-    {CECtrl::typeCheck, Make<CECheck>}, {CECtrl::typeCb, Make<CECb>},
-    {CECtrl::typeList, Make<CEList>},   {CECtrl::typeWnd, Make<CEWnd>},
-    {CECtrl::typeRadio, Make<CERadio>}, {CECtrl::typeRadius, Make<CERadius>},
+    {CECtrl::typeText, Make<CEText>},     {CECtrl::typeLabel, Make<CELabel>},
+    {CECtrl::typeEdit, Make<CEEdit>},     {CECtrl::typeBtn, Make<CEBtn>},
+    {CECtrl::typeCheck, Make<CECheck>},   {CECtrl::typeCb, Make<CECb>},
+    {CECtrl::typeLed, Make<CELed>},       {CECtrl::typeList, Make<CEList>},
+    {CECtrl::typeWnd, Make<CEWnd>},       {CECtrl::typeRadio, Make<CERadio>},
+    {CECtrl::typeRadius, Make<CERadius>},
 };
 
 } // namespace
