@@ -20,6 +20,7 @@
 #include "controls/CEMenu.h"
 #include "controls/CERadio.h"
 #include "controls/CERadius.h"
+#include "controls/CESlider.h"
 #include "controls/CEStyle.h"
 #include "controls/CEText.h"
 #include "controls/CEWnd.h"

@@ -48,6 +48,7 @@ public:
         typeBtn = 128,
         typeCheck = 256,
         typeCb = 512,
+        typeSlider = 1024,
         typeLed = 2048,
         typeList = 4096,
         typeWnd = 8192,

@@ -9,6 +9,7 @@
 #include "controls/CEList.h"
 #include "controls/CERadio.h"
 #include "controls/CERadius.h"
+#include "controls/CESlider.h"
 #include "controls/CEText.h"
 #include "controls/CEWnd.h"
 
@@ -38,9 +39,9 @@ constexpr Entry classes[] = {
     {CECtrl::typeText, Make<CEText>},     {CECtrl::typeLabel, Make<CELabel>},
     {CECtrl::typeEdit, Make<CEEdit>},     {CECtrl::typeBtn, Make<CEBtn>},
     {CECtrl::typeCheck, Make<CECheck>},   {CECtrl::typeCb, Make<CECb>},
-    {CECtrl::typeLed, Make<CELed>},       {CECtrl::typeList, Make<CEList>},
-    {CECtrl::typeWnd, Make<CEWnd>},       {CECtrl::typeRadio, Make<CERadio>},
-    {CECtrl::typeRadius, Make<CERadius>},
+    {CECtrl::typeSlider, Make<CESlider>}, {CECtrl::typeLed, Make<CELed>},
+    {CECtrl::typeList, Make<CEList>},     {CECtrl::typeWnd, Make<CEWnd>},
+    {CECtrl::typeRadio, Make<CERadio>},   {CECtrl::typeRadius, Make<CERadius>},
 };
 
 } // namespace
