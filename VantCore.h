@@ -7,6 +7,7 @@
 #include "controls/CDpi.h"
 #include "controls/CEAddr.h"
 #include "controls/CEBtn.h"
+#include "controls/CEBtnList.h"
 #include "controls/CECb.h"
 #include "controls/CECheck.h"
 #include "controls/CECtrl.h"

@@ -54,6 +54,7 @@ public:
         typeWnd = 8192,
         typeRadio = 16384,
         typeRadius = 131072,
+        typeBtnList = 2097152,
     };
 
     /** Window style bit of a control that keeps the keyboard focus when the mouse moves over a platform

@@ -1,6 +1,7 @@
 #include "controls/detail/CtrlFactory.h"
 
 #include "controls/CEBtn.h"
+#include "controls/CEBtnList.h"
 #include "controls/CECb.h"
 #include "controls/CECheck.h"
 #include "controls/CEEdit.h"
