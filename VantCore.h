@@ -6,6 +6,7 @@
 #include "controls/CCtrlCat.h"
 #include "controls/CDpi.h"
 #include "controls/CEAddr.h"
+#include "controls/CEAttempt.h"
 #include "controls/CEBtn.h"
 #include "controls/CEBtnList.h"
 #include "controls/CECb.h"

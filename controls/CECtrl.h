@@ -55,6 +55,7 @@ public:
         typeRadio = 16384,
         typeRadius = 131072,
         typeBtnList = 2097152,
+        typeAttempt = 4194304,
     };
 
     /** Window style bit of a control that keeps the keyboard focus when the mouse moves over a platform

@@ -1,5 +1,6 @@
 #include "controls/detail/CtrlFactory.h"
 
+#include "controls/CEAttempt.h"
 #include "controls/CEBtn.h"
 #include "controls/CEBtnList.h"
 #include "controls/CECb.h"
@@ -37,12 +38,13 @@ struct Entry {
 };
 
 constexpr Entry classes[] = {
-    {CECtrl::typeText, Make<CEText>},     {CECtrl::typeLabel, Make<CELabel>},
-    {CECtrl::typeEdit, Make<CEEdit>},     {CECtrl::typeBtn, Make<CEBtn>},
-    {CECtrl::typeCheck, Make<CECheck>},   {CECtrl::typeCb, Make<CECb>},
-    {CECtrl::typeSlider, Make<CESlider>}, {CECtrl::typeLed, Make<CELed>},
-    {CECtrl::typeList, Make<CEList>},     {CECtrl::typeWnd, Make<CEWnd>},
-    {CECtrl::typeRadio, Make<CERadio>},   {CECtrl::typeRadius, Make<CERadius>},
+    {CECtrl::typeText, Make<CEText>},       {CECtrl::typeLabel, Make<CELabel>},
+    {CECtrl::typeEdit, Make<CEEdit>},       {CECtrl::typeBtn, Make<CEBtn>},
+    {CECtrl::typeCheck, Make<CECheck>},     {CECtrl::typeCb, Make<CECb>},
+    {CECtrl::typeSlider, Make<CESlider>},   {CECtrl::typeLed, Make<CELed>},
+    {CECtrl::typeList, Make<CEList>},       {CECtrl::typeWnd, Make<CEWnd>},
+    {CECtrl::typeRadio, Make<CERadio>},     {CECtrl::typeRadius, Make<CERadius>},
+    {CECtrl::typeBtnList, Make<CEBtnList>}, {CECtrl::typeAttempt, Make<CEAttempt>},
 };
 
 } // namespace
