@@ -20,6 +20,7 @@
 #include "controls/CEList.h"
 #include "controls/CEMEnt.h"
 #include "controls/CEMenu.h"
+#include "controls/CEProcess.h"
 #include "controls/CERadio.h"
 #include "controls/CERadius.h"
 #include "controls/CESlider.h"
