@@ -215,4 +215,11 @@ void CCtrlCat::Settings(CESetObj& obj)
     CString item = catName;
     item.Replace(L' ', L'_');
     obj.Item(item, expanded);
+    CtrlSettings(obj);
+}
+
+void CCtrlCat::CtrlSettings(CESetObj& obj)
+{
+    for (CVantPtr* pos = ctrls.GetHeadPos(); pos;)
+        ctrls.GetNext(pos)->Settings(obj);
 }

@@ -73,7 +73,8 @@ public:
     /** @} */
 
     /** @name Operations of the category, in this order @{ */
-    /** Exchanges #expanded, under the category's name with every blank as an underscore. */
+    /** Exchanges #expanded, under the category's name with every blank as an underscore, and the values of
+     * the controls that have a name for them (CECtrl::Settings()). */
     virtual void Settings(CESetObj& obj);
     /** Updates every control, with its text. */
     virtual void UpdCtrls();
@@ -174,6 +175,7 @@ private:
     CPoint HeaderPlace(const CRect& client) const;
     bool IsAnchored() const noexcept;
     bool KeepsHidden(const CECtrl& ctrl) const noexcept;
+    void CtrlSettings(CESetObj& obj);
     int Bottom() const noexcept;
 
     std::unique_ptr<CECheck> m_hdrCheck; // of a stacked category

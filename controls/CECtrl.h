@@ -8,6 +8,7 @@
 
 #include <afxwin.h>
 
+class CESetObj;
 class CVantWnd;
 
 /** The base of every control: a child window and a typed value at once.
@@ -18,7 +19,7 @@ class CVantWnd;
  * from #state and the value's enable condition at every Update(), and is kept nowhere else.
  *
  *  The value's `tip` is the control's tool tip and its `aux3` the topic of its context help
- * (Vant::SpawnHelp()).
+ * (Vant::SpawnHelp()). A name in its `aux1` keeps the value in the settings of the window (Settings()).
  *
  *  A derived control that the keyboard can operate is created with WS_TABSTOP and #keepFocus. Everything here
  *  belongs to the UI thread. */
@@ -129,6 +130,11 @@ public:
     virtual unsigned long WndStyle() const;
     /** Whether Tab stops at it, its window having WS_TABSTOP; here always. */
     virtual bool IsTabStop() const;
+    /** Exchanges the bound number or text with the item named `aux1`, every blank of it as an underscore;
+     * nothing while `aux1` is empty or neither is bound. A number that the variable cannot hold, or outside a
+     * range that was set, is not loaded. Windows do it for their controls (CVantWnd::SaveSet()), whose names
+     * must differ within a window; of controls that share a variable one needs a name. */
+    virtual void Settings(CESetObj& obj);
     /** @} */
 
     /** Blends the glow image, stretched, over `r` (units); nothing before it is loaded. @param alpha  0 to

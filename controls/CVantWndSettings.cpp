@@ -79,6 +79,7 @@ void CVantWnd::SetOption(const CString& option, const CString& value)
 void CVantWnd::Settings(CESetObj& obj)
 {
     obj.Item(L"Level", level);
+    CtrlSettings(obj);
     for (CVantPtr* pos = m_cats.GetHeadPos(); pos;) {
         CCtrlCat* const cat = m_cats.GetNext(pos);
         cat->Settings(obj);

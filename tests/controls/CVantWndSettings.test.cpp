@@ -1,6 +1,9 @@
 #include "controls/CEText.h"
 #include "controls/WndTest.h"
 #include "settings/CESet.h"
+#include "support/EveryType.h"
+
+#include <filesystem>
 
 namespace
 {
@@ -131,4 +134,107 @@ TEST_F(CVantWndSettings, LoadsByNameTheFirstOfEach)
     other.AddCol(L"VantWnd");
     CVantWnd::LoadSet(other);
     EXPECT_EQ(a.level, 4);
+}
+
+namespace
+{
+
+/** Variables of a form, bound to controls with a name in the settings. */
+struct FormVars {
+    vant::test::EveryType of;
+    double gain = 0;
+    int unnamed = 0;
+
+    void Bind(CVantWnd& wnd)
+    {
+        const auto named = [&wnd](const wchar_t* item, auto& variable) -> CECtrl& {
+            CECtrl& ctrl = *wnd.InsCtrl(50, CECtrl::typeEdit, variable);
+            ctrl.aux1 = item;
+            return ctrl;
+        };
+        named(L"Operator name", of.text);
+        named(L"c", of.c);
+        named(L"uc", of.uc);
+        named(L"s", of.s);
+        named(L"us", of.us);
+        named(L"i", of.i);
+        named(L"ui", of.ui);
+        named(L"ul", of.ul);
+        named(L"i64", of.i64);
+        named(L"f", of.f);
+        named(L"d", of.d);
+        named(L"p", of.pointer);
+        auto* const slider =
+            wnd.GetCat(L"Sonar", CCtrlCat::kindStacked, 1, 0)->InsCtrl(90, CECtrl::typeSlider, gain);
+        slider->aux1 = L"Gain";
+        slider->SetRange(60, 0);
+        wnd.InsCtrl(50, CECtrl::typeEdit, unnamed);
+    }
+};
+
+} // namespace
+
+TEST_F(CVantWndSettings, KeepsTheValuesOfNamedControls)
+{
+    const std::wstring file = (std::filesystem::temp_directory_path() / L"vant-form.xml").wstring();
+    FormVars saved;
+    saved.of = {nullptr, L"Ann",      '"',  -32768, -1,           255,
+                65535,   4294967295u, 0.5f, 1e-7,   4000000000ul, -(std::int64_t{1} << 62)};
+    saved.gain = 42.5;
+    saved.unnamed = 7;
+    {
+        OptionWnd wnd(L"Form");
+        saved.Bind(wnd);
+        CESet set(1);
+        CVantWnd::SaveSet(set);
+        ASSERT_TRUE(set.Save(file.c_str()));
+    }
+    FormVars loaded;
+    OptionWnd wnd(L"Form");
+    loaded.Bind(wnd);
+    wnd.CreatePopup();
+    CESet set(0);
+    ASSERT_TRUE(set.Load(file.c_str()));
+    std::filesystem::remove(file);
+    CVantWnd::LoadSet(set);
+    EXPECT_EQ(loaded.of.text, L"Ann");
+    EXPECT_EQ(loaded.of.c, '"') << "a number, whatever character it is";
+    EXPECT_EQ(loaded.of.uc, 255);
+    EXPECT_EQ(loaded.of.s, -32768);
+    EXPECT_EQ(loaded.of.us, 65535);
+    EXPECT_EQ(loaded.of.i, -1);
+    EXPECT_EQ(loaded.of.ui, 4294967295u);
+    EXPECT_EQ(loaded.of.ul, 4000000000ul);
+    EXPECT_EQ(loaded.of.i64, -(std::int64_t{1} << 62));
+    EXPECT_EQ(loaded.of.f, 0.5f);
+    EXPECT_EQ(loaded.of.d, 1e-7);
+    EXPECT_EQ(loaded.gain, 42.5);
+    EXPECT_EQ(loaded.unnamed, 0);
+    CString shown;
+    wnd.ctrls.GetHead()->GetWindowText(shown);
+    EXPECT_EQ(shown, L"Ann") << "what was loaded is shown";
+}
+
+TEST_F(CVantWndSettings, DamagedValuesLeaveTheVariablesAlone)
+{
+    FormVars vars;
+    vars.of.uc = 3;
+    vars.of.i = 4;
+    vars.of.f = 5;
+    vars.gain = 6;
+    OptionWnd wnd(L"Form");
+    vars.Bind(wnd);
+    CESet set(0);
+    CESetObj& obj = *set.AddCol(L"VantWnds")->AddObj(L"Form", L"OptionWnd");
+    obj.Add(L"uc", L"256");
+    obj.Add(L"i", L"12 m");
+    obj.Add(L"i64", L"99999999999999999999");
+    obj.Add(L"f", L"1e39");
+    obj.Add(L"Gain", L"60.5");
+    CVantWnd::LoadSet(set);
+    EXPECT_EQ(vars.of.uc, 3);
+    EXPECT_EQ(vars.of.i, 4);
+    EXPECT_EQ(vars.of.i64, 0);
+    EXPECT_EQ(vars.of.f, 5);
+    EXPECT_EQ(vars.gain, 6) << "outside the range";
 }
