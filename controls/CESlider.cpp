@@ -186,7 +186,9 @@ void CESlider::Cancel()
 
 void CESlider::OnLButtonDown(UINT flags, CPoint point)
 {
-    if (!vant::detail::IsNumber(*this))
+    // A click on the read-out would otherwise go to the end of the range.
+    const bool onBar = Along(point) <= Dpi().ToPx(PlaceNow().layout.Bar());
+    if (!vant::detail::IsNumber(*this) || !onBar)
         return CECtrl::OnLButtonDown(flags, point);
     BeginDrag(point);
     // A field that loses the focus calls its callbacks, which may end the drag.

@@ -152,8 +152,8 @@ TEST_F(CCtrlCatTest, BindsEveryTypeWithItsCode)
 TEST_F(CCtrlCatTest, MakesControlsByTheirCodes)
 {
     CCtrlCat cat;
-    for (const int code : {CECtrl::typeText, CECtrl::typeLabel, CECtrl::typeBtn, CECtrl::typeCheck,
-                           CECtrl::typeCb, CECtrl::typeList, CECtrl::typeWnd}) {
+    const int codes[] = {16, 32, 128, 256, 512, 1024, 2048, 4096, 8192, 16384, 2097152, 4194304};
+    for (const int code : codes) {
         const CECtrl* const ctrl = cat.NewCtrl(10, code);
         ASSERT_NE(ctrl, nullptr) << code;
         EXPECT_EQ(ctrl->ctrlType, code);
@@ -165,7 +165,7 @@ TEST_F(CCtrlCatTest, MakesControlsByTheirCodes)
         EXPECT_EQ(cat.InsCtrl(10, code, variable), nullptr) << code;
     }
     EXPECT_EQ(CPoint(cat.curX, cat.curY), cursor);
-    EXPECT_EQ(cat.ctrls.GetCount(), 7);
+    EXPECT_EQ(cat.ctrls.GetCount(), static_cast<int>(std::size(codes)));
 }
 
 TEST_F(CCtrlCatTest, TextsTagsAndButtons)

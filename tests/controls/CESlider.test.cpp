@@ -156,6 +156,9 @@ TEST_F(SliderTest, ADragSetsTheValueAndTellsWhenItIsSet)
     Press(slider, At(25), 10);
     Release(slider, At(25), 10);
     EXPECT_THAT(listener.set, ElementsAre(100, 25)) << "nothing was set the last time";
+    slider.readout = 50;
+    Press(slider, 200, 10);
+    EXPECT_EQ(value, 25) << "on the read-out";
 }
 
 TEST_F(SliderTest, OneThatIsNotLiveWritesWhenItIsReleased)
