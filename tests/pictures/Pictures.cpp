@@ -207,6 +207,107 @@ private:
     int m_line = 4;
 };
 
+/** A sonar's panel: what is set by sliding and choosing, what lamps and bars show. */
+class CPanel : public CVantWnd
+{
+public:
+    CPanel() { name = L"Panel"; }
+
+    void SetupCtrls() override
+    {
+        CCtrlCat& head = *GetCat(L"Sonar head", kindStacked, 1, 0);
+        head.InsText(70, L"Mode");
+        head.ctrlH = 24;
+        Insert<CEBtnList>(head, 210, m_mode).AddBtns(L"Off|Survey|Search");
+        NewLine(head, 30);
+        for (int i = 0; i < 3; ++i) {
+            static const wchar_t* const sectors[] = {L"Narrow", L"Wide", L"All round"};
+            auto& sector = Insert<CERadio>(head, i == 0 ? 80 : 70 + 15 * i, m_sector);
+            sector.text = sectors[i];
+            sector.aux0 = i;
+        }
+        NewLine(head, 26);
+        head.ctrlH = 34;
+        head.InsText(70, L"Gain");
+        auto& gain = Insert<CESlider>(head, 210, m_gain);
+        gain.SetRange(0, 60);
+        gain.step = 0.5;
+        gain.decimals = 1;
+        gain.ticks = CESlider::ticksNumbers;
+        gain.readout = 50;
+        NewLine(head, 40);
+        head.InsText(70, L"Range");
+        auto& range = Insert<CESlider>(head, 210, m_range);
+        range.SetRange(0, 150);
+        range.units = 0;
+        range.decimals = 0;
+        range.ticks = CESlider::ticksNumbers;
+        range.readout = 50;
+        NewLine(head, 44);
+        head.ctrlH = 24;
+        connect = &Insert<CEAttempt>(head, 140, m_connection);
+        connect->text = L"Connect";
+        connect->pendingText = L"Connecting";
+        NewLine(head, 26);
+
+        CCtrlCat& state = *GetCat(L"State", kindStacked, 1, 0);
+        static const wchar_t* const lamps[] = {L"Position RTK", L"Motion sensor", L"Water", L"Shallow",
+                                               L"Leak"};
+        for (int i = 0; i < 5; ++i) {
+            m_lamps[i] = i == 2 ? 9 : i > 2 ? i : i + 1;
+            Insert<CELed>(state, 130, m_lamps[i]).text = lamps[i];
+            if (i % 2 != 0)
+                state.NewLn();
+        }
+        state.NewLn();
+        for (int i = 0; i < 3; ++i) {
+            static const wchar_t* const texts[] = {L"Sending the survey", L"Looking for sensors", L"Storing"};
+            auto* const process = new CEProcess;
+            process->Init(m_progress[i]);
+            process->text = texts[i];
+            state.InsCtrl(282, process, 0);
+            state.NewLn();
+        }
+    }
+
+    void Advance() { m_progress[0] += 0.0018; }
+
+    CEAttempt* connect = nullptr;
+
+private:
+    template <class Ctrl, class T>
+    static Ctrl& Insert(CCtrlCat& cat, int width, T& variable)
+    {
+        auto* const ctrl = new Ctrl;
+        cat.InsCtrl(width, ctrl, 0);
+        ctrl->Init(variable);
+        return *ctrl;
+    }
+    static void NewLine(CCtrlCat& cat, int height) { cat.ShiftY(height, cat.leftM); }
+
+    int m_mode = 1;
+    int m_sector = 2;
+    double m_gain = 24.5;
+    double m_range = 75;
+    int m_connection = 0;
+    int m_lamps[5] = {};
+    double m_progress[3] = {0.4, -32768.0, 1};
+};
+
+void TakePanel(CPictures& pictures)
+{
+    CPanel panel;
+    panel.CreateWnd(L"Panel", WS_OVERLAPPEDWINDOW, CRect(40, 40, 380, 520));
+    panel.ShowWindow(SW_SHOW);
+    panel.connect->Begin();
+    for (double t = 0; t < 3.3; t += 0.1) {
+        CECtrl::UpdateAuCtrls(t);
+        panel.Advance();
+        HandleMessages(100);
+    }
+    pictures.Save(panel, L"panel.png");
+}
+
 void FillConsoles()
 {
     constexpr int lines = 40;
@@ -377,6 +478,7 @@ int main(int argc, char* argv[])
     TakeForm(pictures);
     TakeLists(pictures);
     TakeMenu(pictures);
+    TakePanel(pictures);
     TakeConsoles(pictures);
     TakeMessages(pictures);
     Vant::Exit();
