@@ -169,15 +169,3 @@ TEST_F(AttemptTest, IsCancelledByEscapeOrALaterClickOnly)
     EXPECT_EQ(btn.Now(), CEAttempt::pending);
     EXPECT_EQ(listener.begun, 3);
 }
-
-TEST_F(AttemptTest, IsDrawnAnewWhileTimePasses)
-{
-    ShowParent();
-    btn.Begin();
-    At(1);
-    btn.UpdateWindow();
-    At(1.01);
-    EXPECT_FALSE(btn.GetUpdateRect(nullptr));
-    At(1.2);
-    EXPECT_TRUE(btn.GetUpdateRect(nullptr)) << "the wheel has turned";
-}

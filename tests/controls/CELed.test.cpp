@@ -127,23 +127,6 @@ TEST_F(LedTest, BlinkersAreInStepWhenTheyAreAdded)
     EXPECT_EQ(LampOf(late), lit);
 }
 
-TEST_F(LedTest, AStateMayHaveATextOfItsOwn)
-{
-    int fix = 0;
-    CELed led;
-    led.Init(fix);
-    led.text = L"GPS";
-    led.SetState(0, CELed::red, CELed::lit, L"GPS: no fix at all");
-    led.rc = CRect(0, 0, 160, 20);
-    Open(led);
-    Canvas own(160, 20);
-    Canvas common(160, 20);
-    DrawTo(led, own);
-    fix = 3;
-    DrawTo(led, common);
-    EXPECT_GT(own.Bounds(led.style.txtCol).right, common.Bounds(led.style.txtCol).right + 20);
-}
-
 TEST_F(LedTest, IsClickedOnlyWhenItCallsSomebody)
 {
     int alarm = 3;
