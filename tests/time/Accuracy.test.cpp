@@ -20,7 +20,7 @@ protected:
         random.seed(1);
         jitter = step = 0.0;
         wrongOf10 = 0;
-        isStuck = isFailing = false;
+        isStuck = false;
         readings = 0;
         // The PC's counter is 30 ppm fast; the source loses 5 ppm.
         counterRate = 1.0 + 30e-6;
@@ -56,20 +56,20 @@ protected:
         }
     }
 
+    static CTmEnt LineOf(const CTmFn& source)
+    {
+        CTmEnt line;
+        EXPECT_EQ(source.GetMC(line.m, line.c), 1);
+        return line;
+    }
     static double RateError(const CTmFn& source)
     {
-        double m = 0.0;
-        double c = 0.0;
-        source.GetMC(m, c);
-        return std::abs(m - sourceRate / counterRate);
+        return std::abs(LineOf(source).m - sourceRate / counterRate);
     }
     /** In seconds: what the source is taken to read now. */
     static double OffsetError(const CTmFn& source)
     {
-        double m = 0.0;
-        double c = 0.0;
-        source.GetMC(m, c);
-        return std::abs(m * TmSync::GetTm() + c - TrueReading());
+        return std::abs(LineOf(source).m * TmSync::GetTm() + LineOf(source).c - TrueReading());
     }
 
     static inline std::mt19937 random;
@@ -77,32 +77,8 @@ protected:
     static inline int wrongOf10 = 0;
     static inline double step = 0.0;
     static inline bool isStuck = false;
-    static inline bool isFailing = false;
     static inline long long readings = 0;
     static inline bool isWrong[10] = {};
-};
-
-/** A device that can fail. */
-class Receiver : public CTmFn
-{
-public:
-    Receiver(double (*reading)(), const bool& isFailing)
-        : m_reading(reading)
-        , m_isFailing(isFailing)
-    {
-        name = L"GPS";
-    }
-    int PollTm(double& value) override
-    {
-        if (m_isFailing)
-            return 0;
-        value = m_reading();
-        return 1;
-    }
-
-private:
-    double (*m_reading)();
-    const bool& m_isFailing;
 };
 
 } // namespace
@@ -118,6 +94,11 @@ TEST_F(Accuracy, UnevenPollsAndWrongReadingsDoNotShow)
         ASSERT_LT(RateError(device), rateGoal);
         ASSERT_LT(OffsetError(device), offsetGoal / 100);
     }
+    step = 1.0;
+    Poll(1);
+    EXPECT_LT(RateError(device), rateGoal) << "one slope of a step is one of those that do not count";
+    Poll(60);
+    EXPECT_LT(OffsetError(device), offsetGoal);
 }
 
 TEST_F(Accuracy, ReadingsThatJitterNeedTheSteadySource)
@@ -159,38 +140,27 @@ TEST_F(Accuracy, AStepIsFollowedAndTheRateKept)
     Poll(hour);
     EXPECT_LT(OffsetError(steady), offsetGoal);
     EXPECT_LT(RateError(steady), 2 * rateGoal);
-
-    jitter = 0.0;
-    wrongOf10 = 0;
-    Device exact(TrueReading);
-    TmSync::AddTmFn(&exact);
-    Poll(70);
-    step = 1.0;
-    Poll(1);
-    EXPECT_LT(RateError(exact), rateGoal) << "one slope of a step is one of those that do not count";
-    Poll(60);
-    EXPECT_LT(OffsetError(exact), offsetGoal);
 }
 
 TEST_F(Accuracy, ASourceThatStandsStillOrFailsIsCarriedOn)
 {
-    Receiver receiver(Reading, isFailing);
-    CTmFnSteady steady(receiver);
-    TmSync::AddTmFn(&receiver);
+    Device device(Reading);
+    CTmFnSteady steady(device);
+    TmSync::AddTmFn(&device);
     TmSync::AddTmFn(&steady);
     Poll(hour);
     isStuck = true;
     Poll(hour);
-    EXPECT_LT(RateError(receiver), rateGoal) << "no new slopes";
+    EXPECT_LT(RateError(device), rateGoal) << "no new slopes";
     EXPECT_LT(RateError(steady), rateGoal);
     EXPECT_LT(OffsetError(steady), offsetGoal);
     isStuck = false;
-    isFailing = true;
+    device.isFailing = true;
     Poll(hour);
     EXPECT_LT(OffsetError(steady), offsetGoal);
-    isFailing = false;
+    device.isFailing = false;
     Poll(600);
-    EXPECT_LT(OffsetError(receiver), offsetGoal);
+    EXPECT_LT(OffsetError(device), offsetGoal);
     EXPECT_LT(OffsetError(steady), offsetGoal);
 }
 
@@ -203,9 +173,7 @@ TEST_F(Accuracy, ASteadySourceFindsItsWayWhenNothingFits)
     EXPECT_LT(RateError(steady), rateGoal);
     step = 1.0; // and from now on one percent fast
     Poll(1200);
-    double m = 0.0;
-    double c = 0.0;
-    steady.GetMC(m, c);
-    EXPECT_NEAR(m, 1.01 * sourceRate / counterRate, rateGoal);
-    EXPECT_NEAR(m * TmSync::GetTm() + c, device.read(), offsetGoal);
+    const CTmEnt line = LineOf(steady);
+    EXPECT_NEAR(line.m, 1.01 * sourceRate / counterRate, rateGoal);
+    EXPECT_NEAR(line.m * TmSync::GetTm() + line.c, device.read(), offsetGoal);
 }

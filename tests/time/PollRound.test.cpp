@@ -25,12 +25,6 @@ protected:
     static double Clock80() { return TmSync::GetClock() - static_cast<double>(TmSync::base80); }
 };
 
-class Failing : public CTmFn
-{
-public:
-    int PollTm(double&) override { return 0; }
-};
-
 } // namespace
 
 TEST_F(PollRound, TheTimeBaseIsAlignedOnceAndNeverJumps)
@@ -76,9 +70,9 @@ TEST_F(PollRound, WritesALineForEachSourceAndThreeForTheClocks)
     EXPECT_EQ(line.size() - line.rfind(L'.'), 6U) << "an intercept of five decimals";
     EXPECT_THAT(Line(4101), StartsWith(L"Device "));
     EXPECT_THAT(Line(4101), HasSubstr(L" 1.0000000"));
-    EXPECT_EQ(LevelOf(4101), 2);
+    EXPECT_EQ(Entry(4101).state, 2);
     EXPECT_EQ(Line(4102), L"");
-    EXPECT_EQ(LevelOf(4000), 1);
+    EXPECT_EQ(Entry(4000).state, 1);
 
     const auto clock = static_cast<__time64_t>(TmSync::GetClock());
     const std::wstring second = CTime(clock).Format(L"%H:%M:%S %Y").GetString();
@@ -100,29 +94,12 @@ TEST_F(PollRound, TheErrorIsTheMeanOfSixtyPolls)
 
 TEST_F(PollRound, AFailureIsASampleOfZero)
 {
-    Failing failing;
+    Device failing(True);
+    failing.isFailing = true;
     TmSync::AddTmFn(&failing);
-    for (int i = 0; i < 3; ++i) {
-        Pass(1.0);
-        Tick();
-    }
-    EXPECT_EQ(Line(4101), L"Default 0.0000 0.0000000000 0.00000") << "a line without a slope";
-}
-
-TEST_F(PollRound, TouchesNoSourceOnceItIsToStop)
-{
-    static std::atomic<bool>* stopping;
-    stopping = &stop;
-    Device last([] {
-        *stopping = true;
-        return 5.0;
-    });
-    Device never(True);
-    TmSync::AddTmFn(&last);
-    TmSync::AddTmFn(&never);
-    EXPECT_FALSE(round.Run(stop));
-    EXPECT_EQ(last.GetTm(7.0), 7.0) << "no sample";
-    EXPECT_EQ(never.polls, 0);
+    Ticks(2);
+    Tick();
+    EXPECT_EQ(Line(4101), L"Device 0.0000 0.0000000000 0.00000") << "a line without a slope";
 }
 
 TEST_F(PollRound, StartsNothingWithoutACounter)

@@ -4,18 +4,6 @@
 
 using namespace vant::detail;
 
-namespace
-{
-
-const CECEntry* Find(const std::vector<CECEntry>& records, unsigned id)
-{
-    const auto found =
-        std::find_if(records.begin(), records.end(), [id](const CECEntry& entry) { return entry.id == id; });
-    return found == records.end() ? nullptr : &*found;
-}
-
-} // namespace
-
 TimeTest::~TimeTest()
 {
     TmSync::Exit();
@@ -23,18 +11,12 @@ TimeTest::~TimeTest()
     TmSync::interval = m_interval;
 }
 
-std::wstring TimeTest::Line(unsigned id)
+CECEntry TimeTest::Entry(unsigned id)
 {
-    const auto records = vant::test::Recorder(LogTarget::status).Records();
-    const CECEntry* const entry = Find(records, id);
-    return entry ? entry->text.GetString() : L"";
-}
-
-int TimeTest::LevelOf(unsigned id)
-{
-    const auto records = vant::test::Recorder(LogTarget::status).Records();
-    const CECEntry* const entry = Find(records, id);
-    return entry ? entry->state : -1;
+    for (const CECEntry& entry : vant::test::Recorder(LogTarget::status).Records())
+        if (entry.id == id)
+            return entry;
+    return {};
 }
 
 SimulatedTimeTest::SimulatedTimeTest()
@@ -80,17 +62,4 @@ void SimulatedTimeTest::Ticks(int count)
         Pass(1.0);
         round.Run(stop);
     }
-}
-
-Device::Device(double (*reading)())
-    : read(reading)
-{
-    name = L"Device";
-}
-
-int Device::PollTm(double& value)
-{
-    ++polls;
-    value = read();
-    return 1;
 }

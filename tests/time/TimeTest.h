@@ -16,9 +16,9 @@ class TimeTest : public testing::Test
 protected:
     ~TimeTest() override;
 
-    /** The status line with this id as it was last written; empty if it never was. */
-    static std::wstring Line(unsigned id);
-    static int LevelOf(unsigned id);
+    /** The status line with this id as it was last written; one without a text if it never was. */
+    static CECEntry Entry(unsigned id);
+    static std::wstring Line(unsigned id) { return Entry(id).text.GetString(); }
 
 private:
     vant::test::RecordLogs m_logs;
@@ -54,9 +54,21 @@ protected:
 class Device : public CTmFn
 {
 public:
-    explicit Device(double (*reading)());
-    int PollTm(double& value) override;
+    explicit Device(double (*reading)())
+        : read(reading)
+    {
+        name = L"Device";
+    }
+    int PollTm(double& value) override
+    {
+        ++polls;
+        if (isFailing)
+            return 0;
+        value = read();
+        return 1;
+    }
 
     double (*read)();
+    bool isFailing = false;
     int polls = 0;
 };
