@@ -1,6 +1,5 @@
 #pragma once
 
-#include "core/VantApi.h"
 #include "time/detail/TickReport.h"
 
 #include <atomic>
@@ -11,7 +10,7 @@ namespace vant::detail
 
 /** Has status lines written by a thread of the system's pool: a line may end in a file on a slow disk, or in
  *  an alarm that windows receive, and the thread that polls clocks must wait for neither. */
-class VANT_API StatusWriter : public std::enable_shared_from_this<StatusWriter>
+class StatusWriter : public std::enable_shared_from_this<StatusWriter>
 {
 public:
     /** @return null if the system refuses */
