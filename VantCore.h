@@ -3,6 +3,7 @@
 /** @file
  *  Everything an application of VantCore needs: include this header and nothing else. */
 
+#include "colour/CColTbl.h"
 #include "controls/CCtrlCat.h"
 #include "controls/CDpi.h"
 #include "controls/CEAddr.h"
