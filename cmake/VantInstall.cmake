@@ -1,4 +1,4 @@
-# bin/, include/VantCore/, lib/ and the CMake package: find_package(VantCore CONFIG).
+# bin/, include/VantCore/, lib/, share/VantCore/clt/ and the CMake package: find_package(VantCore CONFIG).
 include_guard()
 include(CMakePackageConfigHelpers)
 
@@ -21,12 +21,16 @@ install(TARGETS VantCore
   ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}
   FILE_SET HEADERS DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/VantCore)
 
+set(VANT_CLT_DIR ${CMAKE_INSTALL_DATADIR}/VantCore/clt)
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/resources/clt/ DESTINATION ${VANT_CLT_DIR} FILES_MATCHING PATTERN "*.clt")
+
 install(EXPORT VantCoreTargets
   NAMESPACE VantCore::
   DESTINATION ${VANT_PACKAGE_DIR})
 configure_package_config_file(${CMAKE_CURRENT_LIST_DIR}/VantCoreConfig.cmake.in
   ${CMAKE_CURRENT_BINARY_DIR}/VantCoreConfig.cmake
-  INSTALL_DESTINATION ${VANT_PACKAGE_DIR})
+  INSTALL_DESTINATION ${VANT_PACKAGE_DIR}
+  PATH_VARS VANT_CLT_DIR)
 write_basic_package_version_file(${CMAKE_CURRENT_BINARY_DIR}/VantCoreConfigVersion.cmake
   COMPATIBILITY SameMinorVersion)
 install(FILES

@@ -15,7 +15,7 @@ step("Installing" ${CMAKE_COMMAND} --install ${BUILD_DIR} --prefix ${prefix})
 foreach(expected
     bin/VantCore.dll bin/VantAfx.dll lib/libVantCore.dll.a lib/libVantAfx.dll.a
     include/VantCore/VantCore.h include/VantCore/core/CLstMgd.h include/VantCore/afx/afxwin.h
-    lib/cmake/VantCore/VantCoreConfig.cmake)
+    lib/cmake/VantCore/VantCoreConfig.cmake share/VantCore/clt/depths.clt)
   if(NOT EXISTS ${prefix}/${expected})
     message(FATAL_ERROR "The installed tree lacks ${expected}")
   endif()
