@@ -4,6 +4,10 @@
  *  Everything an application of VantCore needs: include this header and nothing else. */
 
 #include "colour/CColTbl.h"
+#include "colour/CColTblCb.h"
+#include "colour/CPal.h"
+#include "colour/CPalBar.h"
+#include "colour/CPalCb.h"
 #include "controls/CCtrlCat.h"
 #include "controls/CDpi.h"
 #include "controls/CEAddr.h"
