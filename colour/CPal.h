@@ -61,8 +61,9 @@ public:
     void GetCol(double value, CRgb& colour) const;
     /** The colour as a COLORREF. */
     COLORREF GetCol(double value) const;
-    /** The colours of many values, exactly as one by one but several times as fast: `colours[i]` is that of
-     * `values[i]`, for as many as there are of both. */
+    /** The colours of many values, exactly as one by one: `colours[i]` is that of `values[i]`, for as many as
+     * there are of both. Costs a copy of the table and then a third of the single calls, so use it from some
+     * hundred values on. */
     void GetCols(std::span<const double> values, std::span<CRgb> colours) const;
     /** @} */
 
