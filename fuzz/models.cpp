@@ -3,45 +3,16 @@
 // time that an input takes.
 
 #include "display/detail/Read3ds.h"
+#include "fuzz/Checks.h"
 #include "tests/display/ModelCheck.h"
 
-#include <algorithm>
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
-#include <ctime>
 #include <string>
 
 namespace
 {
 
-void Require(bool holds, const char* what)
-{
-    if (holds)
-        return;
-    std::fprintf(stderr, "does not hold: %s\n", what);
-    std::abort();
-}
-
-/** Measures the processor time of each input, and tells the longest at the end. */
-class Slowest
-{
-public:
-    ~Slowest() { std::fprintf(stderr, "slowest input: %.1f ms\n", m_longest); }
-
-    void Note(std::clock_t begin)
-    {
-        constexpr double limit = 100; // ms, with the sanitizers at work
-        const double taken = 1000.0 * static_cast<double>(std::clock() - begin) / CLOCKS_PER_SEC;
-        m_longest = std::max(m_longest, taken);
-        Require(taken < limit, "less than 100 ms for an input");
-    }
-
-private:
-    double m_longest = 0;
-};
-
-Slowest slowest;
+Slowest slowest(100);
 
 } // namespace
 
