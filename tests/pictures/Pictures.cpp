@@ -353,6 +353,62 @@ void TakeForm(CPictures& pictures)
     ::SetCursorPos(0, 0);
 }
 
+/** Shows and chooses palettes, as the windows do that draw with them. */
+class CPaletteUser : public CVantWnd
+{
+public:
+    explicit CPaletteUser(CPal& pal)
+        : m_pal(&pal)
+    {
+    }
+    void SetupCtrls() override
+    {
+        constexpr int lyingH = 44;
+        constexpr int uprightH = 150;
+        InsText(60, L"Palette");
+        InsCtrl(140, new CPalCb(m_pal), 0);
+        NewLn();
+        ctrlH = lyingH;
+        InsCtrl(250, Bar(), 0);
+        ctrlH = uprightH;
+        InsCtrl(64, Bar(), 0);
+    }
+
+private:
+    CPalBar* Bar() const
+    {
+        auto* const bar = new CPalBar;
+        bar->Init(m_pal->working, m_pal->start, m_pal->end);
+        return bar;
+    }
+
+    CPal* m_pal;
+};
+
+/** A palette with the tables that come with the library, which stand beside the program. */
+void TakePalettes(CPictures& pictures)
+{
+    wchar_t program[MAX_PATH] = {};
+    ::GetModuleFileNameW(nullptr, program, MAX_PATH);
+    CString dir = program;
+    CColTbl::EnumColTbls(dir.Left(dir.ReverseFind(L'\\') + 1) + L"clt");
+    {
+        CPal pal;
+        pal.name = L"Sonar";
+        pal.CreateWnd(L"Sonar palette", WS_OVERLAPPEDWINDOW, CRect(40, 40, 400, 432));
+        pal.SetOption(L"Load", L"Depths");
+        pal.end = 120;
+        pal.UpdatePal();
+        CPaletteUser user(pal);
+        user.CreateWnd(L"", WS_CHILD | WS_VISIBLE, CRect(0, 160, 350, 360), &pal, 1);
+        pal.ShowWindow(SW_SHOW);
+        pictures.Save(pal, L"palette.png");
+        user.DestroyWindow();
+        pal.DestroyWindow();
+    }
+    CColTbl::s_colTbls.RemoveAll();
+}
+
 void TakeLists(CPictures& pictures)
 {
     CLists lists;
@@ -477,6 +533,7 @@ int main(int argc, char* argv[])
     FillConsoles();
     TakeForm(pictures);
     TakeLists(pictures);
+    TakePalettes(pictures);
     TakeMenu(pictures);
     TakePanel(pictures);
     TakeConsoles(pictures);
