@@ -58,6 +58,8 @@
 #include "display/CModel.h"
 #include "display/CRgb.h"
 #include "display/CRgbf.h"
+#include "media/CEAvi.h"
+#include "media/CEWmv.h"
 #include "platform/CBaseApp.h"
 #include "platform/CECEntry.h"
 #include "platform/EUtil.h"

@@ -1,0 +1,132 @@
+#include "media/detail/AviCalls.h"
+
+#include "platform/Vant.h"
+
+namespace vant::detail
+{
+
+namespace
+{
+
+constexpr HRESULT noLibrary = __HRESULT_FROM_WIN32(ERROR_MOD_NOT_FOUND);
+constexpr long long bytes2GiB = 0x80000000;
+
+HMODULE Library()
+{
+    static const HMODULE library = [] {
+        const HMODULE loaded = ::LoadLibraryExW(L"avifil32.dll", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
+        if (!loaded)
+            Vant::Console(1, L"No AVI files can be written: avifil32.dll cannot be loaded");
+        return loaded;
+    }();
+    return library;
+}
+
+/** An exported function; null if it is missing. */
+template <class Function>
+Function* Find(Function*, LPCSTR name)
+{
+    const FARPROC found = Library() ? ::GetProcAddress(Library(), name) : nullptr;
+    return reinterpret_cast<Function*>(reinterpret_cast<void*>(found));
+}
+
+/** Calls a function of the library that answers a result. */
+template <class Function, class... Arguments>
+HRESULT Call(Function* function, Arguments... arguments)
+{
+    return function ? function(arguments...) : noLibrary;
+}
+
+void InitLibrary()
+{
+    static const auto init = Find(&::AVIFileInit, "AVIFileInit");
+    if (init)
+        init();
+}
+
+void ExitLibrary()
+{
+    static const auto exit = Find(&::AVIFileExit, "AVIFileExit");
+    if (exit)
+        exit();
+}
+
+HRESULT OpenFile(IAVIFile** file, LPCWSTR path, UINT mode)
+{
+    static const auto open = Find(&::AVIFileOpenW, "AVIFileOpenW");
+    return Call(open, file, path, mode, nullptr);
+}
+
+ULONG ReleaseFile(IAVIFile* file)
+{
+    static const auto release = Find(&::AVIFileRelease, "AVIFileRelease");
+    return release ? release(file) : 0;
+}
+
+HRESULT CreateStream(IAVIFile* file, IAVIStream** stream, AVISTREAMINFOW* info)
+{
+    static const auto create = Find(&::AVIFileCreateStreamW, "AVIFileCreateStreamW");
+    return Call(create, file, stream, info);
+}
+
+HRESULT CompressStream(IAVIStream** compressed, IAVIStream* raw, AVICOMPRESSOPTIONS* options)
+{
+    static const auto compress = Find(&::AVIMakeCompressedStream, "AVIMakeCompressedStream");
+    return Call(compress, compressed, raw, options, nullptr);
+}
+
+HRESULT SetFormat(IAVIStream* stream, void* format, LONG size)
+{
+    static const auto set = Find(&::AVIStreamSetFormat, "AVIStreamSetFormat");
+    return Call(set, stream, 0, format, size);
+}
+
+HRESULT WriteSample(IAVIStream* stream, LONG index, void* sample, LONG size, DWORD flags, LONG* written)
+{
+    static const auto write = Find(&::AVIStreamWrite, "AVIStreamWrite");
+    return Call(write, stream, index, 1, sample, size, flags, nullptr, written);
+}
+
+HRESULT StreamInfo(IAVIStream* stream, AVISTREAMINFOW* info)
+{
+    static const auto ask = Find(&::AVIStreamInfoW, "AVIStreamInfoW");
+    return Call(ask, stream, info, static_cast<LONG>(sizeof *info));
+}
+
+HRESULT ReadFormat(IAVIStream* stream, void* format, LONG* size)
+{
+    static const auto read = Find(&::AVIStreamReadFormat, "AVIStreamReadFormat");
+    return Call(read, stream, 0, format, size);
+}
+
+ULONG ReleaseStream(IAVIStream* stream)
+{
+    static const auto release = Find(&::AVIStreamRelease, "AVIStreamRelease");
+    return release ? release(stream) : 0;
+}
+
+bool ChooseOptions(HWND owner, IAVIStream* stream, AVICOMPRESSOPTIONS* options)
+{
+    static const auto choose = Find(&::AVISaveOptions, "AVISaveOptions");
+    return choose && choose(owner, ICMF_CHOOSE_KEYFRAME | ICMF_CHOOSE_DATARATE, 1, &stream, &options);
+}
+
+void FreeOptions(AVICOMPRESSOPTIONS* options)
+{
+    static const auto free = Find(&::AVISaveOptionsFree, "AVISaveOptionsFree");
+    if (free)
+        free(1, &options);
+}
+
+constinit AviCalls inUse{&InitLibrary,    &ExitLibrary,   &OpenFile,    &ReleaseFile, &CreateStream,
+                         &CompressStream, &SetFormat,     &WriteSample, &StreamInfo,  &ReadFormat,
+                         &ReleaseStream,  &ChooseOptions, &FreeOptions, bytes2GiB - 1};
+
+} // namespace
+
+AviCalls& Avi() noexcept
+{
+    return inUse;
+}
+
+} // namespace vant::detail
