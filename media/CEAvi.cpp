@@ -127,8 +127,7 @@ int CEAvi::AddDib(HBITMAP bitmap)
     if (!m_file->HasRoom(frame->Bytes()) && !ContinueInNext(*frame))
         return 0;
 
-    std::vector<std::byte> turned;
-    const HRESULT result = m_file->Write(m_frames, frame->BottomUp(turned), frame->Bytes(), m_headerFrames);
+    const HRESULT result = m_file->Write(m_frames, *frame, m_headerFrames);
     if (FAILED(result))
         return Fail(cannotAdd, L"Cannot add bitmap to stream - %s", result);
     ++m_frames;

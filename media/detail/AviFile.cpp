@@ -87,14 +87,15 @@ bool AviFile::HasRoom(std::size_t bytes) const noexcept
     return m_frames == 0 || whole <= static_cast<std::uint64_t>(Avi().fileLimit);
 }
 
-HRESULT AviFile::Write(LONG index, void* pixels, std::size_t bytes, int headerFrames)
+HRESULT AviFile::Write(LONG index, const DibFrame& frame, int headerFrames)
 {
+    const std::size_t bytes = frame.Bytes();
     LONG written = 0;
-    const HRESULT result =
-        Avi().writeSample(m_compressed, index, pixels, static_cast<LONG>(bytes), AVIIF_KEYFRAME, &written);
+    const HRESULT result = Avi().writeSample(m_compressed, index, frame.BottomUp(m_turned),
+                                             static_cast<LONG>(bytes), AVIIF_KEYFRAME, &written);
     if (FAILED(result))
         return result;
-    m_end += RiffChunkBytes(written > 0 ? static_cast<std::uint64_t>(written) : bytes);
+    m_end += RiffChunkBytes(written > 0 ? static_cast<std::size_t>(written) : bytes);
     ++m_frames;
     ++m_framesSinceHeader;
     if (m_frames == 1)

@@ -40,7 +40,7 @@ public:
 
     /** Appends a frame, and now and then makes the file playable so far.
      *  @param headerFrames  frames after which that is done at the latest; it is once a second too */
-    HRESULT Write(LONG index, void* pixels, std::size_t bytes, int headerFrames);
+    HRESULT Write(LONG index, const DibFrame& frame, int headerFrames);
 
 private:
     AviFile(IAVIFile* file, const CString& path);
@@ -53,6 +53,7 @@ private:
     IAVIStream* m_raw = nullptr;
     IAVIStream* m_compressed = nullptr;
     bool m_ready = false;
+    std::vector<std::byte> m_turned;
     DibFrame m_frame{}; // the one the stream was made for
     unsigned long long m_end;
     unsigned long long m_frames = 0;

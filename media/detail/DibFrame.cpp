@@ -106,16 +106,25 @@ bool DibFrame::HasUsualColours() const noexcept
            (Bits() == 32 && (section.dsBmih.biCompression == BI_RGB || HasUsualMasks(section)));
 }
 
+void DibFrame::CopyBottomUp(void* to) const
+{
+    const auto row = static_cast<std::size_t>(section.dsBm.bmWidthBytes);
+    const auto* from = static_cast<const std::byte*>(section.dsBm.bmBits);
+    if (!topDown) {
+        std::memcpy(to, from, Bytes());
+        return;
+    }
+    std::byte* end = static_cast<std::byte*>(to) + Bytes();
+    for (LONG y = 0; y < Height(); ++y, from += row)
+        std::memcpy(end -= row, from, row);
+}
+
 void* DibFrame::BottomUp(std::vector<std::byte>& turned) const
 {
     if (!topDown)
         return section.dsBm.bmBits;
     turned.resize(Bytes());
-    const auto row = static_cast<std::size_t>(section.dsBm.bmWidthBytes);
-    const auto* from = static_cast<const std::byte*>(section.dsBm.bmBits);
-    std::byte* to = turned.data() + turned.size();
-    for (LONG y = 0; y < Height(); ++y, from += row)
-        std::memcpy(to -= row, from, row);
+    CopyBottomUp(turned.data());
     return turned.data();
 }
 

@@ -28,8 +28,10 @@ struct DibFrame {
     /** Whether the pixels are blue, green and red as every reader expects them: 24 or 32 bits. */
     bool HasUsualColours() const noexcept;
 
-    /** The pixels with the lowest row first, as files have them: the bitmap's own, or for a bitmap with the
-     * top row first a copy in `turned`. */
+    /** Copies the pixels with the lowest row first, as files have them. @param to  Bytes() */
+    void CopyBottomUp(void* to) const;
+    /** The same in place: the bitmap's own pixels, or where the top row lies first a copy in `turned`, which
+     * is best used again for the next frame. */
     void* BottomUp(std::vector<std::byte>& turned) const;
 };
 

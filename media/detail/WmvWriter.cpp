@@ -4,7 +4,6 @@
 #include "platform/Vant.h"
 
 #include <algorithm>
-#include <cstring>
 
 namespace vant::detail
 {
@@ -179,8 +178,7 @@ bool WmvWriter::FillSample(INSSBuffer* sample, HBITMAP bitmap, const DibFrame& f
         FAILED(sample->SetLength(static_cast<DWORD>(SampleBytes()))))
         return false;
     if (frame.Bits() == m_bits && frame.Bytes() == SampleBytes() && frame.HasUsualColours()) {
-        std::vector<std::byte> turned;
-        std::memcpy(pixels, frame.BottomUp(turned), SampleBytes());
+        frame.CopyBottomUp(pixels);
         return true;
     }
     BITMAPINFO info{};

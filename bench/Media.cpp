@@ -1,0 +1,114 @@
+#include "Compare.h"
+
+#include "media/CEAvi.h"
+#include "media/detail/AviCalls.h"
+#include "platform/Vant.h"
+
+#include <atlimage.h>
+
+#include <catch2/catch.hpp>
+
+#include <filesystem>
+#include <string>
+
+namespace
+{
+
+constexpr int width = 874;
+constexpr int height = 576;
+constexpr DWORD frameBytes = width * height * 4;
+constexpr int frames = 20;
+
+/** A file in the folder of temporary files that is deleted with this. */
+struct TempFile {
+    std::wstring path;
+
+    explicit TempFile(const wchar_t* name)
+        : path(std::filesystem::temp_directory_path() / name)
+    {
+    }
+    ~TempFile()
+    {
+        std::error_code ignored;
+        std::filesystem::remove(path, ignored);
+    }
+    unsigned long long Size() const { return std::filesystem::file_size(path); }
+};
+
+/** The same file by the bare calls, without a header meanwhile and without looking at the bitmap. */
+void RecordByHand(const std::wstring& path, void* pixels)
+{
+    BITMAPINFOHEADER format{};
+    format.biSize = sizeof format;
+    format.biWidth = width;
+    format.biHeight = height;
+    format.biPlanes = 1;
+    format.biBitCount = 32;
+    format.biSizeImage = frameBytes;
+    AVISTREAMINFOW info{};
+    info.fccType = streamtypeVIDEO;
+    info.dwScale = 20;
+    info.dwRate = 1000;
+    info.dwSuggestedBufferSize = frameBytes;
+    const vant::detail::AviCalls& avi = vant::detail::Avi();
+    IAVIFile* file = nullptr;
+    IAVIStream* stream = nullptr;
+    avi.openFile(&file, path.c_str(), OF_WRITE | OF_CREATE);
+    avi.createStream(file, &stream, &info);
+    avi.setFormat(stream, &format, sizeof format);
+    for (int i = 0; i < frames; ++i) {
+        LONG written = 0;
+        REQUIRE(avi.writeSample(stream, i, pixels, frameBytes, AVIIF_KEYFRAME, &written) == 0);
+    }
+    avi.releaseStream(stream);
+    avi.releaseFile(file);
+}
+
+void CompareWith(const char* rows, bool topDown)
+{
+    CImage image;
+    REQUIRE(image.Create(width, topDown ? -height : height, 32));
+    for (int y = 0; y < height; ++y)
+        *static_cast<unsigned*>(image.GetPixelAddress(y, y)) = static_cast<unsigned>(y);
+    const TempFile video(L"vant-bench.avi");
+    const TempFile plain(L"vant-bench-peer.avi");
+
+    const Round ours = [&](Stopwatch& watch) {
+        watch.Measure([&] {
+            CEAvi avi;
+            REQUIRE(avi.Open(video.path.c_str()));
+            for (int i = 0; i < frames; ++i)
+                REQUIRE(avi.AddDib(image));
+        });
+        REQUIRE(video.Size() > frameBytes * frames);
+    };
+    const Round bytes = [&](Stopwatch& watch) {
+        const void* const lowest = image.GetPixelAddress(0, topDown ? 0 : height - 1);
+        watch.Measure([&] {
+            const HANDLE file = ::CreateFileW(plain.path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
+                                              FILE_ATTRIBUTE_NORMAL, nullptr);
+            DWORD written = 0;
+            for (int i = 0; i < frames; ++i)
+                REQUIRE(::WriteFile(file, lowest, frameBytes, &written, nullptr));
+            ::CloseHandle(file);
+        });
+        REQUIRE(plain.Size() == frameBytes * frames);
+    };
+    const Round byHand = [&](Stopwatch& watch) {
+        void* const lowest = image.GetPixelAddress(0, topDown ? 0 : height - 1);
+        watch.Measure([&] { RecordByHand(plain.path, lowest); });
+        REQUIRE(plain.Size() > frameBytes * frames);
+    };
+    const std::string work =
+        std::string("media: 20 frames of 874 x 576 x 32, ") + rows + ", into an AVI file ";
+    Compare(work + "(WriteFile of the same bytes)", ours, bytes, {.target = 1.3, .rounds = 41});
+    Compare(work + "(the AVI library's bare calls)", ours, byHand, {.target = 1.3, .rounds = 41});
+}
+
+} // namespace
+
+TEST_CASE("media")
+{
+    CompareWith("lowest row first", false);
+    CompareWith("top row first", true);
+}
