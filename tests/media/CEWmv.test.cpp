@@ -5,6 +5,8 @@
 #include "media/detail/WmvWriter.h"
 
 #include <algorithm>
+#include <regex>
+#include <sstream>
 
 using namespace vant::detail;
 using testing::ElementsAre;
@@ -83,11 +85,10 @@ TEST_F(CEWmvTest, WritesFramesToTheVideoInput)
         times.push_back(sample.time);
     }
     EXPECT_THAT(times, ElementsAre(0, 2000000, 2010000, 2500000));
-    EXPECT_EQ(fake.samples[0].pixels, first.Pixels());
+    EXPECT_EQ(fake.samples[0].pixels, first.pixels);
     std::vector<unsigned char> turned;
     for (int row = 2; row >= 0; --row)
-        turned.insert(turned.end(), second.Pixels().begin() + row * 20,
-                      second.Pixels().begin() + row * 20 + 20);
+        turned.insert(turned.end(), second.pixels.begin() + row * 20, second.pixels.begin() + row * 20 + 20);
     EXPECT_EQ(fake.samples[1].pixels, turned);
     EXPECT_EQ(std::ranges::count(fake.steps, "EndWriting"), 1);
     EXPECT_EQ(fake.objects, 0);
@@ -102,7 +103,7 @@ TEST_F(CEWmvTest, ConvertsWhatTheWriterDoesNotTake)
     EXPECT_TRUE(::IsEqualGUID(fake.type.subtype, wmvRgb24));
     EXPECT_EQ(fake.samples.back().pixels.size(), 24U);
     EXPECT_TRUE(
-        std::equal(narrow.Pixels().begin(), narrow.Pixels().begin() + 9, fake.samples.back().pixels.begin()));
+        std::equal(narrow.pixels.begin(), narrow.pixels.begin() + 9, fake.samples.back().pixels.begin()));
 
     fake.subtypes = {wmvRgb24};
     TestFrame wide(3, 2, 32, true);
@@ -114,7 +115,7 @@ TEST_F(CEWmvTest, ConvertsWhatTheWriterDoesNotTake)
     for (int x = 0; x < 3; ++x) {
         for (int i = 0; i < 3; ++i) { // the lower row of the frame is the first of the sample
             EXPECT_EQ(pixels[static_cast<std::size_t>(3 * x + i)],
-                      wide.Pixels()[static_cast<std::size_t>(12 + 4 * x + i)]);
+                      wide.pixels[static_cast<std::size_t>(12 + 4 * x + i)]);
         }
     }
 }
@@ -157,6 +158,71 @@ TEST_F(CEWmvTest, DropsFramesThatFail)
     ASSERT_EQ(wmv.Open(L"a.wmv"), 1);
     EXPECT_EQ(wmv.AddDib(frame), 0);
     EXPECT_THAT(AlarmTexts(), ElementsAre(L"Unable to Set Input Properties"));
+}
+
+TEST_F(CEWmvTest, ProfileIsWellFormedAndSaysWhatFilesAreLike)
+{
+    const std::wstring wide = WmvProfile();
+    const std::string document(wide.begin(), wide.end());
+    static const std::regex tag(R"(\s*<(/?)([a-z0-9]+)((?:\s+[A-Za-z0-9]+="[^"<&]*")*)(/?)>\s*)");
+    std::vector<std::string> open;
+    std::vector<std::string> elements; // each with the path to it and its attributes
+    std::smatch match;
+    auto at = document.cbegin();
+    while (std::regex_search(at, document.cend(), match, tag, std::regex_constants::match_continuous)) {
+        at = match.suffix().first;
+        if (match[1].length()) {
+            ASSERT_FALSE(open.empty());
+            EXPECT_EQ(open.back(), match[2]);
+            open.pop_back();
+            continue;
+        }
+        open.push_back(match[2]);
+        elements.emplace_back();
+        for (const std::string& part : open)
+            elements.back().append("/").append(part);
+        elements.back().append(match[3]).append(" ");
+        if (match[4].length())
+            open.pop_back();
+    }
+    EXPECT_EQ(at, document.cend());
+    EXPECT_TRUE(open.empty());
+
+    const std::string config = "/profile/streamconfig";
+    const std::string type = config + "/wmmediatype";
+    const std::string format = type + "/videoinfoheader";
+    const std::string quality = " bufferwindow=-1 vbrenabled=1 vbrquality=100";
+    for (const std::string& expected : std::initializer_list<std::string>{
+             "/profile version=589824 storageformat=1 "
+             "name=Lossless_quality_audio_(VBR_100)_/_Highest_quality_"
+             "video_(VBR_100)",
+             config + " streamnumber=1 streamname=Audio_Stream inputname=Audio409 bitrate=128016" + quality,
+             type + "/waveformatex wFormatTag=355 nChannels=2 nSamplesPerSec=44100 wBitsPerSample=16 "
+                    "nBlockAlign=13375",
+             config + " streamnumber=2 streamname=Video_Stream inputname=Video409 bitrate=100000" + quality,
+             config + "/videomediaprops maxkeyframespacing=20000000",
+             format + " avgtimeperframe=2000000",
+             format + "/rcsource left=0 top=0 right=874 bottom=576",
+             format + "/rctarget left=0 top=0 right=874 bottom=576",
+             format + "/bitmapinfoheader biwidth=874 biheight=576 bibitcount=32 bicompression=WMV3",
+             "/profile/streamprioritization/stream number=1 mandatory=0",
+             "/profile/streamprioritization/stream number=2 mandatory=0",
+         }) {
+        const auto hasAll = [&](const std::string& element) {
+            std::istringstream words(expected);
+            std::string word;
+            words >> word;
+            bool has = element.starts_with(word + " ");
+            while (words >> word) {
+                std::ranges::replace(word, '_', ' ');
+                const std::size_t equals = word.find('=');
+                has = has && element.find(" " + word.substr(0, equals) + "=\"" + word.substr(equals + 1) +
+                                          "\" ") != std::string::npos;
+            }
+            return has;
+        };
+        EXPECT_EQ(std::ranges::count_if(elements, hasAll), 1) << expected;
+    }
 }
 
 // Whatever the machine offers: a file that cannot be opened, for one reason or another, and no more than

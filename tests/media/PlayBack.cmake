@@ -27,7 +27,7 @@ endfunction()
 
 foreach(kind
     "101 51 24 bottom-up" "101 51 24 top-down" "33 64 32 bottom-up" "33 64 32 top-down" "29 17 8 bottom-up"
-    "30 17 16 top-down")
+    "30 17 8 top-down")
   string(REPLACE " " "_" name "${kind}")
   string(REPLACE " " ";" arguments "${kind}")
   list(GET arguments 0 width)

@@ -95,12 +95,6 @@ private:
         if (m_kind.bits == 8) {
             const RGBQUAD colour = Colour(pixel[0]);
             std::memcpy(colours, &colour, sizeof colours);
-        } else if (m_kind.bits == 16) { // five bits of each
-            const int value = pixel[0] | pixel[1] << 8;
-            for (int i = 0; i < 3; ++i) {
-                const int five = value >> 5 * i & 0x1F;
-                colours[i] = static_cast<std::uint8_t>(five << 3 | five >> 2);
-            }
         }
         shown.insert(shown.end(), colours, colours + 3);
     }
