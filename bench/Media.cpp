@@ -113,8 +113,10 @@ void CompareWith(const char* rows, bool topDown)
     };
     const std::string work =
         std::string("media: 20 frames of 874 x 576 x 32, ") + rows + ", into an AVI file ";
-    Compare(work + "(WriteFile of the same bytes)", ours, bytes, {.target = 1.3, .rounds = 41});
-    Compare(work + "(the AVI library's bare calls)", ours, byHand, {.target = 1.3, .rounds = 41});
+    // Turning a frame over is a copy of it, which the bytes alone do without.
+    const std::optional<double> target = topDown ? std::nullopt : std::optional(1.3);
+    Compare(work + "(WriteFile of the same bytes)", ours, bytes, {.target = target, .rounds = 41});
+    Compare(work + "(the AVI library's bare calls)", ours, byHand, {.target = target, .rounds = 41});
 }
 
 } // namespace

@@ -16,12 +16,11 @@ constexpr int height = 480;
 constexpr int depth = 32;                // bits per pixel, as CapPB() wants them
 constexpr double secondsPerFrame = 0.02; // an AVI file of CEAvi plays 50 frames per second
 constexpr double secondsPerTurn = 4;
-constexpr double range = 50; // metres
+constexpr int usualFrames = 500; // ten seconds
+constexpr double range = 50;     // metres
 
 struct Echo {
-    double bearing;  // radians, clockwise from the top
-    double distance; // metres
-    double size;     // metres
+    double bearing, distance, size; // radians clockwise from the top, metres, metres
 };
 constexpr Echo echoes[] = {{0.6, 31, 1.4}, {1.1, 18, 0.9}, {2.9, 40, 2.0}, {3.4, 24, 1.1}, {5.2, 36, 1.6}};
 
@@ -105,7 +104,6 @@ private:
     }
 };
 
-/** Non-zero when all frames are in the file. */
 int Record(CSweep& sweep, LPCWSTR path, int frames)
 {
     CClientDC dc(&sweep);
@@ -127,21 +125,18 @@ public:
     BOOL InitInstance() override
     {
         Vant::Init();
-        {
-            constexpr int tenSeconds = 500; // in frames
-            const LPCWSTR path = __argc > 1 ? __wargv[1] : L"sweep.avi";
-            CSweep sweep;
-            m_isGood = sweep.CreateWnd(L"Recorder", WS_POPUP, CRect(0, 0, 64, 64)) &&
-                       Record(sweep, path, __argc > 2 ? ::_wtoi(__wargv[2]) : tenSeconds);
-            std::printf(m_isGood ? "%ls\n" : "%ls could not be written\n", path);
-            sweep.DestroyWindow();
-        }
-        Vant::Exit();
+        const LPCWSTR path = __argc > 1 ? __wargv[1] : L"sweep.avi";
+        CSweep sweep;
+        m_isGood = sweep.CreateWnd(L"Recorder", WS_POPUP, CRect(0, 0, 64, 64)) &&
+                   Record(sweep, path, __argc > 2 ? ::_wtoi(__wargv[2]) : usualFrames);
+        std::printf(m_isGood ? "%ls\n" : "%ls could not be written\n", path);
+        sweep.DestroyWindow();
         return FALSE; // there is no window to wait for
     }
 
     int ExitInstance() override
     {
+        Vant::Exit();
         CBaseApp::ExitInstance();
         return m_isGood ? 0 : 1;
     }

@@ -1,5 +1,6 @@
 #include "media/detail/AviCalls.h"
 
+#include "media/detail/DirectFile.h"
 #include "platform/Vant.h"
 
 namespace vant::detail
@@ -51,7 +52,7 @@ void ExitLibrary()
         exit();
 }
 
-HRESULT OpenFile(IAVIFile** file, LPCWSTR path, UINT mode)
+HRESULT OpenPlain(IAVIFile** file, LPCWSTR path, UINT mode)
 {
     static const auto open = Find(&::AVIFileOpenW, "AVIFileOpenW");
     return Call(open, file, path, mode, nullptr);
@@ -61,6 +62,12 @@ ULONG ReleaseFile(IAVIFile* file)
 {
     static const auto release = Find(&::AVIFileRelease, "AVIFileRelease");
     return release ? release(file) : 0;
+}
+
+HRESULT OpenFile(IAVIFile** file, LPCWSTR path, UINT mode)
+{
+    *file = Avi().wholeFrames ? OpenDirect(&OpenPlain, &ReleaseFile, path, mode) : nullptr;
+    return *file ? AVIERR_OK : OpenPlain(file, path, mode); // which says what is wrong, too
 }
 
 HRESULT CreateStream(IAVIFile* file, IAVIStream** stream, AVISTREAMINFOW* info)
@@ -120,7 +127,7 @@ void FreeOptions(AVICOMPRESSOPTIONS* options)
 
 constinit AviCalls inUse{&InitLibrary,    &ExitLibrary,   &OpenFile,    &ReleaseFile, &CreateStream,
                          &CompressStream, &SetFormat,     &WriteSample, &StreamInfo,  &ReadFormat,
-                         &ReleaseStream,  &ChooseOptions, &FreeOptions, bytes2GiB - 1};
+                         &ReleaseStream,  &ChooseOptions, &FreeOptions, true,         bytes2GiB - 1};
 
 } // namespace
 

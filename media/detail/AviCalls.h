@@ -33,6 +33,9 @@ struct AviCalls {
     bool (*chooseOptions)(HWND owner, IAVIStream* stream, AVICOMPRESSOPTIONS* options);
     void (*freeOptions)(AVICOMPRESSOPTIONS* options);
 
+    /** Whether openFile tries to have frames written in one piece. */
+    bool wholeFrames;
+
     /** Bytes that a file may have. Beyond 2 GiB the library reports success and writes to wrong places. */
     long long fileLimit;
 };

@@ -294,6 +294,27 @@ TEST_F(CEAviTest, UsesTheSelectedCompression)
                     L"could not be found"));
 }
 
+TEST_F(CEAviTest, WritesTheSameFileWhicheverWayItIsOpened)
+{
+    std::string contents[2];
+    for (const bool whole : {false, true}) {
+        Avi().wholeFrames = whole;
+        const std::wstring path = Path(L"a.avi");
+        CEAvi avi;
+        ASSERT_EQ(avi.Open(path.c_str()), 1);
+        for (int i = 0; i < 30; ++i)
+            EXPECT_EQ(avi.AddDib(frame), 1);
+        avi.Close();
+        EXPECT_EQ(FramesIn(path), 30);
+        std::ifstream file(std::filesystem::path(path), std::ios::binary);
+        contents[whole].assign(std::istreambuf_iterator<char>(file), {});
+    }
+    EXPECT_TRUE(contents[0] == contents[1]);
+    CEAvi avi;
+    EXPECT_EQ(avi.Open(Path(L"\u00D8rsted \u6C34.avi").c_str()), 1) << "in no code page as a whole";
+    EXPECT_TRUE(std::filesystem::exists(Path(L"\u00D8rsted \u6C34.avi")));
+}
+
 TEST_F(CEAviTest, GivesEverythingBack)
 {
     const auto record = [&] {
