@@ -44,6 +44,7 @@
 #include "core/ML.h"
 #include "core/VantApi.h"
 #include "display/CDsp.h"
+#include "display/CDspCam.h"
 #include "display/CDspGrp.h"
 #include "display/CDspLight.h"
 #include "display/CDspMHit.h"

@@ -80,6 +80,9 @@ void CDspGrp::MdlUpdated(CMdl* mdl, int what)
 
 void CDspGrp::OnPoll(double)
 {
-    for (CVantPtr* pos = m_dsps.GetHeadPos(); pos;)
-        m_dsps.GetNext(pos)->DrawIfNeeded();
+    for (CVantPtr* pos = m_dsps.GetHeadPos(); pos;) {
+        CDsp* const dsp = m_dsps.GetNext(pos);
+        dsp->FindPos();
+        dsp->DrawIfNeeded();
+    }
 }

@@ -138,7 +138,21 @@ void CGLWnd::RenderTo(const CRect& view, bool shares)
     glViewport(view.left, view.top, std::max<LONG>(view.Width(), 0), std::max<LONG>(view.Height(), 0));
     if (shares)
         DeleteReleasedNames();
+    m_sharesNow = shares;
     Render();
+}
+
+bool CGLWnd::WithContext(const std::function<void()>& code)
+{
+    if (!m_rc || !m_hWnd)
+        return false;
+    CClientDC dc(this);
+    const CurrentContext current{dc, m_rc};
+    if (!current)
+        return false;
+    m_sharesNow = m_shares;
+    code();
+    return true;
 }
 
 void CGLWnd::Draw(CDC* dc)

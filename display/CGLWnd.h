@@ -2,6 +2,7 @@
 
 #include "controls/CVantWnd.h"
 
+#include <functional>
 #include <memory>
 
 class CImage;
@@ -109,6 +110,11 @@ public:
     /** @} */
 
 protected:
+    /** Runs code with the window's context current. @return false, and it is not run, without a context */
+    bool WithContext(const std::function<void()>& code);
+    /** Whether the context that Render() or WithContext() made current shares its lists and textures. */
+    bool SharesNow() const noexcept { return m_sharesNow; }
+
     BOOL PreCreateWindow(CREATESTRUCT& cs) override;
     afx_msg int OnCreate(LPCREATESTRUCT cs);
     afx_msg void OnDestroy();
@@ -125,8 +131,9 @@ private:
     static CLstPtr<CGLWnd*> s_glWnds;
 
     HGLRC m_rc = nullptr;
-    bool m_shares = false;   // the context, its lists with CDsp::s_sharedRC
-    bool m_pbShares = false; // and that of the pixel buffer
+    bool m_shares = false;    // the context, its lists with CDsp::s_sharedRC
+    bool m_pbShares = false;  // and that of the pixel buffer
+    bool m_sharesNow = false; // and the current one
     CRect m_viewRc;
     int m_pbWidth = 0;
     int m_pbHeight = 0;

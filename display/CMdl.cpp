@@ -89,6 +89,8 @@ int CMdl::GetMdlOrg(CMat&, CV3&, double&)
 
 void CMdl::LegInf(CDsp*, const CV3&, CLstPtr<CLegInf*>&) {}
 
+void CMdl::OnHit(CDsp&, CDspMHit&) {}
+
 void CMdl::RegWnd(CVantWnd* wnd)
 {
     if (wnd && !m_wnds.Find(wnd))

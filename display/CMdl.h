@@ -11,6 +11,7 @@ class CESetObj;
 class CMat;
 class CV3;
 class CVantWnd;
+struct CDspMHit;
 struct CLegInf;
 struct CMdlInf;
 
@@ -57,6 +58,9 @@ public:
     /** Adds what the drawable has to say about a point, display coordinates. The entries stay the drawable's,
      * valid until it is asked again or changes. None here. */
     virtual void LegInf(CDsp* dsp, const CV3& pt, CLstPtr<CLegInf*>& infs);
+    /** A pick in a view has hit this drawable; `hit` is complete, with the name of GetInf() as its text, and
+     * may be made to tell of the part. Nothing here. */
+    virtual void OnHit(CDsp& dsp, CDspMHit& hit);
     /** @} */
 
     /** Registers a window for SendWndMsg(), unless it is registered already. */

@@ -42,6 +42,8 @@ CMdlPos::CMdlPos(const CMdlPos& other)
 
 CMdlPos::~CMdlPos()
 {
+    while (CDsp* const dsp = m_dsps.RemoveHead())
+        dsp->PosGone(*this);
     s_mdlPos.RemoveAt(s_mdlPos.Find(this));
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "display/detail/Point3.h"
+
 #include <array>
 #include <cstdint>
 #include <string>
@@ -11,13 +13,6 @@
 
 namespace vant::detail
 {
-
-struct Point3 {
-    double x = 0;
-    double y = 0;
-    double z = 0;
-    bool operator==(const Point3&) const = default;
-};
 
 /** Three corners, anticlockwise seen from the front, as numbers of vertices. The flags are the file's. */
 struct MeshFace {

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <windows.h>
+
+#include <GL/gl.h>
+
+namespace vant::detail
+{
+
+/** Brings OpenGL's settings back at its end, those of arrays included; matrices stay. */
+class GLStateKept
+{
+public:
+    GLStateKept()
+    {
+        glPushAttrib(GL_ALL_ATTRIB_BITS);
+        glPushClientAttrib(GL_CLIENT_VERTEX_ARRAY_BIT);
+    }
+    ~GLStateKept()
+    {
+        glPopClientAttrib();
+        glPopAttrib();
+    }
+    GLStateKept(const GLStateKept&) = delete;
+    GLStateKept& operator=(const GLStateKept&) = delete;
+};
+
+} // namespace vant::detail
