@@ -100,7 +100,7 @@ public:
     /** @name Operations that a derived view may replace, in this order @{ */
     /** Draws the view now; what was asked for with NeedDraw() is done then. */
     void Draw(CDC* dc) override;
-    /** Draws background, graticule, lights, DrawScene() and DrawOverlay(). A view of nothing (0 pixels) is
+    /** Draws background, lights, DrawScene(), graticule and DrawOverlay(). A view of nothing (0 pixels) is
      * not drawn. */
     void Render() override;
     /** A drawable has changed: here the view asks to be drawn.

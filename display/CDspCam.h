@@ -14,7 +14,7 @@ class CESetObj;
  * between them stays at the place.
  *
  *  Lengths are metres in display coordinates (x east, y north, z up), angles radians. */
-class VANT_API CDspCam
+class CDspCam
 {
 public:
     enum Kind {
@@ -38,27 +38,27 @@ public:
     double elev = ML::D2R(35); ///< of the orbit camera above the horizon, -pi/2 .. pi/2
     double fov = ML::D2R(40);  ///< angle of the orbit camera from the lower to the upper edge, 1 .. 120 deg
 
-    int operator==(const CDspCam& other) const noexcept;
+    VANT_API int operator==(const CDspCam& other) const noexcept;
 
     /** Takes what is valid in another camera: numbers that are not finite leave the own ones, numbers beyond
      * their limits are brought to these, and the alignment into its range. @return non-zero if this changed
      */
-    int Take(const CDspCam& wanted) noexcept;
+    VANT_API int Take(const CDspCam& wanted) noexcept;
 
     /** @name Directions, of length 1: to the right edge, to the upper edge, and towards the eye @{ */
-    CV3 Right() const noexcept;
-    CV3 Up() const noexcept;
-    CV3 Front() const noexcept;
+    VANT_API CV3 Right() const noexcept;
+    VANT_API CV3 Up() const noexcept;
+    VANT_API CV3 Front() const noexcept;
     /** @} */
 
     /** @name The orbit camera's eye: its distance from the origin, which follows from zoom and angle, and its
      * place @{ */
-    double Dist() const noexcept;
-    void SetDist(double dist) noexcept;
-    CV3 Eye() const noexcept;
+    VANT_API double Dist() const noexcept;
+    VANT_API void SetDist(double dist) noexcept;
+    VANT_API CV3 Eye() const noexcept;
     /** @} */
 
     /** Exchanges "CamKind", "CamOrg", "CamZoom", "CamAlign", "CamElev" and "CamFov". The origin is kept to
      * the millimetre, however far away it is; what is loaded goes through Take(). */
-    void Settings(CESetObj& obj);
+    VANT_API void Settings(CESetObj& obj);
 };

@@ -58,10 +58,6 @@ void CDsp::Render()
     LoadMatrix(GL_PROJECTION, geometry.Projection());
     LoadMatrix(GL_MODELVIEW, geometry.ModelView(ToPoint(CV3())));
 
-    glDisable(GL_LIGHTING);
-    if (graticule)
-        DrawGraticule();
-
     if (!lightsInScene)
         glLoadIdentity();
     SetupLights();
@@ -70,11 +66,10 @@ void CDsp::Render()
     glDepthFunc(GL_LEQUAL);
     DrawScene();
 
-    {
-        const GLStateKept untouched;
-        BeginOverlay();
-        DrawOverlay();
-    }
+    if (graticule)
+        DrawGraticule();
+    BeginOverlay();
+    DrawOverlay();
     m_state->scene.reset();
 }
 

@@ -345,8 +345,8 @@ void CDsp::OnKeyDown(UINT key, UINT repeats, UINT flags)
     if (key == VK_ESCAPE && m_state->drag) {
         const ViewDrag drag = *m_state->drag;
         EndDrag(drag.button);
-        m_up = drag.upBefore;
         ApplyByUser(drag.before);
+        m_up = drag.upBefore;
         return;
     }
     const bool picks = mouseMode == mousePick && (key == VK_RETURN || key == VK_SPACE);

@@ -34,6 +34,14 @@ void Colour(COLORREF colour, double opacity = 1)
                static_cast<GLubyte>(std::lround(opacity * 255)));
 }
 
+/** Of texts that are read only when they are looked for. */
+COLORREF Between(COLORREF a, COLORREF b)
+{
+    const auto mix = [](int from, int to) { return (from * 2 + to * 3) / 5; };
+    return RGB(mix(GetRValue(a), GetRValue(b)), mix(GetGValue(a), GetGValue(b)),
+               mix(GetBValue(a), GetBValue(b)));
+}
+
 std::wstring_view View(const CString& text)
 {
     return {text.GetString(), static_cast<std::size_t>(text.GetLength())};
@@ -191,9 +199,12 @@ void CDsp::DrawGraticule()
 {
     const GLStateKept state;
     glDisable(GL_LIGHTING);
-    glDisable(GL_DEPTH_TEST);
+    glDisable(GL_TEXTURE_2D);
     glEnable(GL_BLEND);
     glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
+    // What rises above the ground hides the lines there; on a chart they lie over everything, but for labels.
+    (m_cam.kind == CDspCam::plan ? glDisable : glEnable)(GL_DEPTH_TEST);
+    glDepthMask(GL_FALSE);
     // Whole pixels: half a pixel more would be a blurred one.
     glLineWidth(static_cast<float>(std::max(1.0, std::floor(OverlayScale()))));
     if (m_cam.kind == CDspCam::plan)
@@ -231,8 +242,8 @@ void CDsp::DrawGridTexts(TakenPlaces& taken)
         if (!isInside || !taken.Take(place, edgeGap * scale))
             continue;
         DrawPlate(place);
-        OverlayTxt(place.left / scale, (geometry.Height() - place.bottom) / scale, texts[i], Vant::dark,
-                   labelSize);
+        OverlayTxt(place.left / scale, (geometry.Height() - place.bottom) / scale, texts[i],
+                   Between(backCol, Vant::light), labelSize);
     }
 }
 
