@@ -3,6 +3,9 @@
 #include "Compare.h"
 
 #include "display/CDsp.h"
+#include "display/CDspGrp.h"
+#include "display/CMdl.h"
+#include "display/CMdlInf.h"
 #include "display/CModel.h"
 #include "display/detail/ModelData.h"
 #include "platform/Vant.h"
@@ -14,6 +17,8 @@
 
 #include <GL/gl.h>
 
+#include <algorithm>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <functional>
@@ -138,7 +143,119 @@ void Picture(ModelView& view, CImage& image, const std::function<void()>& scene,
     REQUIRE(image.GetPixel(ModelView::size / 2, ModelView::size / 2) != 0);
 }
 
+/** The model as a drawable of a view. */
+class ModelMdl : public CMdl
+{
+public:
+    void Draw(CDsp& dsp) override { model.DrawModel(dsp); }
+    void GetInf(CMdlInf& inf) override { inf.hasExt = model.GetExtents(inf.lower, inf.upper); }
+
+    CModel model;
+};
+
+/** A view as an application has it, with graticule and instruments, and with what a bare loop needs of it. */
+class ShownView : public CDsp
+{
+public:
+    static constexpr int size = 400;
+
+    HGLRC rc = nullptr;
+    int lit = 0; // pixels of the first frame
+
+    void Render() override
+    {
+        CDsp::Render();
+        if (!rc)
+            lit = CountLit();
+        rc = ::wglGetCurrentContext();
+    }
+
+    /** How many pixels of what is being drawn are bright enough to be the model's. */
+    static int CountLit()
+    {
+        constexpr unsigned char bright = 60;
+        std::vector<unsigned char> pixels(size * size);
+        glReadPixels(0, 0, size, size, GL_BLUE, GL_UNSIGNED_BYTE, pixels.data());
+        return static_cast<int>(
+            std::count_if(pixels.begin(), pixels.end(), [](unsigned char each) { return each > bright; }));
+    }
+};
+
+/** A frame of the same scene in the same window by OpenGL alone. @param[out] lit  null, or what CountLit()
+ * counts in it */
+void BareFrame(HDC dc, HGLRC rc, const std::vector<Corner>& corners, int* lit = nullptr)
+{
+    ::wglMakeCurrent(dc, rc);
+    glPushAttrib(GL_ALL_ATTRIB_BITS);
+    glViewport(0, 0, ShownView::size, ShownView::size);
+    glClearColor(0, 0, 0, 1);
+    glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
+    constexpr double half = drawnMeshes * drawnSide / 2;
+    glMatrixMode(GL_PROJECTION);
+    glLoadIdentity();
+    glOrtho(-half, half, -half, half, -half, half);
+    glMatrixMode(GL_MODELVIEW);
+    glLoadIdentity();
+    glTranslated(-half, -drawnSide / 2.0, 0);
+    glEnable(GL_DEPTH_TEST);
+    glEnable(GL_LIGHT0);
+    glPushClientAttrib(GL_CLIENT_VERTEX_ARRAY_BIT);
+    DrawArrays(corners);
+    glPopClientAttrib();
+    glPopAttrib();
+    if (lit)
+        *lit = ShownView::CountLit();
+    ::SwapBuffers(dc);
+    ::wglMakeCurrent(nullptr, nullptr);
+}
+
 } // namespace
+
+TEST_CASE("models in a view")
+{
+    constexpr int frames = 3;
+    Vant::Init();
+    {
+        const vant::detail::ModelData sea = support::Sea(drawnMeshes, drawnSide);
+        const LargeFile file(sea);
+        CDspGrp group;
+        ModelMdl mdl;
+        REQUIRE(mdl.model.Read3DS(file.Path()));
+        const std::vector<Corner> corners = Arrays(sea);
+        ShownView view;
+        REQUIRE(
+            view.CreateWnd(L"Bench", WS_POPUP | WS_VISIBLE, CRect(0, 0, ShownView::size, ShownView::size)));
+        view.SetViewOrg({drawnMeshes * drawnSide / 2.0, drawnSide / 2.0, 0});
+        view.SetZoom(drawnMeshes * drawnSide);
+        const Round ours = [&](Stopwatch& watch) {
+            watch.Measure([&] {
+                for (int i = 0; i < frames; ++i) {
+                    mdl.ModelChanged(0);
+                    CVantWnd::Poll(0);
+                }
+            });
+            REQUIRE(!view.IsDrawNeeded());
+        };
+        view.RedrawWnd();
+        REQUIRE(view.rc);
+        CClientDC dc(&view);
+        int lit = 0;
+        BareFrame(dc, view.rc, corners, &lit);
+        // Both show the model in the same size.
+        REQUIRE(lit > ShownView::size * ShownView::size / (drawnMeshes * 2));
+        REQUIRE(std::abs(view.lit - lit) < lit / 4);
+        const Round bare = [&](Stopwatch& watch) {
+            watch.Measure([&] {
+                for (int i = 0; i < frames; ++i)
+                    BareFrame(dc, view.rc, corners);
+            });
+        };
+        Compare("models: a frame of " + std::to_string(mdl.model.GetFaceCount()) +
+                    " triangles in a CDsp (a bare loop of the same arrays)",
+                ours, bare, {.target = 1 / 0.9, .rounds = 21});
+    }
+    Vant::Exit();
+}
 
 TEST_CASE("models drawn")
 {

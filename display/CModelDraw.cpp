@@ -1,12 +1,16 @@
 // CModel: drawing.
 #include "display/CModel.h"
 
+#include "display/CDsp.h"
 #include "display/detail/DrawParts.h"
 #include "display/detail/GLName.h"
 
 #include <windows.h>
 
 #include <GL/gl.h>
+
+#include <cstdint>
+#include <vector>
 
 using namespace vant::detail;
 
@@ -112,6 +116,32 @@ void DrawMeshes(const ModelData& model, const MaterialNames& names, CPtrAry<CDsp
         DrawTransparent(mtrlOf(part), part.corners);
 }
 
+/** The same triangles with nothing but their places and sides. Not the list: drivers replay one for a pick
+ * slowly, and some keep what they made of it for good. */
+void DrawForPick(const ModelData& model, CPtrAry<CDspMtrl>& mtrls)
+{
+    const MaterialNames names(model.materials);
+    glFrontFace(GL_CCW);
+    glCullFace(GL_BACK);
+    glEnableClientState(GL_VERTEX_ARRAY);
+    std::vector<GLushort> corners;
+    for (const MeshData& mesh : model.meshes) {
+        glVertexPointer(3, GL_DOUBLE, sizeof(Point3), mesh.vertices.data());
+        for (const FaceGroup& group : GroupFaces(mesh, names)) {
+            const bool isOneSided = group.material < mtrls.GetSize() &&
+                                    !mtrls.GetAt(static_cast<unsigned>(group.material))->dblSided;
+            (isOneSided ? glEnable : glDisable)(GL_CULL_FACE);
+            corners.clear();
+            for (const std::uint16_t number : group.faces) {
+                const MeshFace& face = mesh.faces[number];
+                corners.insert(corners.end(), {face.a, face.b, face.c});
+            }
+            glDrawElements(GL_TRIANGLES, static_cast<GLsizei>(corners.size()), GL_UNSIGNED_SHORT,
+                           corners.data());
+        }
+    }
+}
+
 /** Brings OpenGL's settings back at its end. */
 class SettingsKept
 {
@@ -140,11 +170,15 @@ bool IsCompiling()
 
 } // namespace
 
-void CModel::DrawModel(CDsp&)
+void CModel::DrawModel(CDsp& dsp)
 {
     if (m_data->meshes.empty())
         return;
     const SettingsKept settings;
+    if (dsp.IsPicking()) {
+        DrawForPick(*m_data, mtrls);
+        return;
+    }
     if (m_list && m_list->Exists()) {
         glCallList(m_list->First());
         return;

@@ -1,6 +1,8 @@
 // CDsp: what it shows, where, and what a pick finds.
 
 #include "display/CDspLight.h"
+#include "display/CModel.h"
+#include "display/Models.h"
 #include "settings/CESet.h"
 #include "settings/CESetCol.h"
 #include "settings/CESetObj.h"
@@ -157,6 +159,39 @@ TEST_F(CDspTest, PicksEverythingUnderAPositionNearestFirst)
     // The depth is the nearest within the pick, which is a few pixels wide.
     EXPECT_LT((second.pt - middle.at).Length(), 1.5);
     EXPECT_NEAR(second.depth, (cam.Eye() - second.pt).Length(), 1e-6);
+}
+
+TEST_F(CDspTest, PicksTheSidesOfModelsThatAreSeen)
+{
+    class ModelMdl : public CMdl
+    {
+    public:
+        void Draw(CDsp& dsp) override { model.DrawModel(dsp); }
+        void GetInf(CMdlInf& inf) override { inf.name = L"cube"; }
+        CModel model;
+    };
+    ModelMdl mdl;
+    ASSERT_EQ(mdl.model.Read3DS(WriteModel(L"cube.3ds", support::Cube())), 1);
+    wnd.Open({}, 200, 100);
+    wnd.SetZoom(4);
+    CDspMInf inf;
+    for (const int dblSided : {0, 1}) {
+        for (unsigned i = 0; i < mdl.model.mtrls.GetSize(); ++i)
+            mdl.model.mtrls.GetAt(i)->dblSided = dblSided;
+        wnd.SetViewOrg({});
+        ASSERT_EQ(wnd.Pick(100, 50, inf), 1);
+        EXPECT_NEAR(inf.hits.GetHead()->pt.z, 1, 1e-3);
+        // From inside only what is drawn from both sides is seen.
+        CDspCam cam = wnd.Cam();
+        cam.kind = CDspCam::orbit;
+        cam.SetDist(0.5);
+        wnd.SetCam(cam);
+        EXPECT_EQ(wnd.Pick(100, 50, inf), dblSided);
+        cam.kind = CDspCam::plan;
+        cam.zoom = 4;
+        wnd.SetCam(cam);
+        EXPECT_EQ(wnd.Pick(10, 50, inf), 0);
+    }
 }
 
 TEST_F(CDspTest, PicksMoreThanTheBufferHoldsAtFirst)

@@ -1,4 +1,6 @@
-#include "display/GLTest.h"
+#include "display/CModel.h"
+#include "display/ChartTest.h"
+#include "display/Models.h"
 #include "support/GdiCount.h"
 #include "support/MessagePump.h"
 
@@ -14,7 +16,7 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using namespace vant::detail;
 
-class CGLWndTest : public GLTest
+class CGLWndTest : public ViewTest
 {
 protected:
     static inline std::vector<std::string> calls;
@@ -232,6 +234,46 @@ TEST_F(CGLWndTest, DrawsAnotherWindowWhileOneRenders)
     EXPECT_EQ(::wglGetCurrentContext(), nullptr);
 }
 
+class ModelMdl : public CMdl
+{
+public:
+    explicit ModelMdl(const CString& file) { EXPECT_EQ(model.Read3DS(file), 1); }
+    void Draw(CDsp& dsp) override
+    {
+        model.DrawModel(dsp);
+        dsp.Label({}, L"Round", RGB(255, 255, 255));
+    }
+    void GetInf(CMdlInf& inf) override { inf.hasExt = model.GetExtents(inf.lower, inf.upper); }
+
+    CModel model;
+};
+
+/** A view with everything that it can have, picked in and destroyed, before or after what it follows. */
+void RoundOfView(int number, const CString& file)
+{
+    auto grp = std::make_unique<CDspGrp>();
+    auto pos = std::make_unique<CMdlPos>();
+    auto mdl = std::make_unique<ModelMdl>(file);
+    auto view = std::make_unique<ChartWnd>();
+    for (CDspLight& light : view->lights)
+        light.on = 1;
+    view->graticule = view->northArrow = view->scaleBar = 1;
+    view->Open({}, 320, 240);
+    view->Follow(pos.get());
+    pos->SetFromMdl(mdl.get(), {0.5, 0, 0}, 8, 0);
+    CImage image;
+    view->Capture(image);
+    CDspMInf inf;
+    EXPECT_EQ(view->Pick(160, 120, inf), 1);
+    if (number % 2) {
+        view.reset();
+    } else {
+        grp.reset();
+        mdl.reset();
+        pos.reset();
+    }
+}
+
 std::size_t WorkingSet()
 {
     PROCESS_MEMORY_COUNTERS counters{};
@@ -273,7 +315,9 @@ TEST_F(CGLWndTest, RoundsOfWindowsWithPixelBuffersLeaveNothingBehind)
         return real.destroyPbuffer(handle);
     };
 
-    const auto round = [](int number) {
+    const CString file = WriteModel(L"round.3ds", support::Cube());
+    const auto round = [&file](int number) {
+        RoundOfView(number, file);
         SceneWnd wnd;
         wnd.scene = [] { CGLWnd::XyText(10, 10, 0, 20, 0, L"Round"); };
         wnd.CreatePopup();
@@ -297,7 +341,7 @@ TEST_F(CGLWndTest, RoundsOfWindowsWithPixelBuffersLeaveNothingBehind)
                 vant::test::GdiObjectCount() - gdi, vant::test::KernelHandleCount() - handles, grown / 1024);
     EXPECT_EQ(contexts, 0);
     EXPECT_THAT(live, IsEmpty());
-    EXPECT_EQ(buffers, 2 * (rounds + 10));
+    EXPECT_EQ(buffers, 3 * (rounds + 10));
     EXPECT_EQ(ListCount(keeper), lists);
     EXPECT_EQ(vant::test::GdiObjectCount(), gdi);
     EXPECT_EQ(vant::test::KernelHandleCount(), handles);
