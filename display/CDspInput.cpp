@@ -29,18 +29,23 @@ bool IsDown(int key) noexcept
     return ::GetKeyState(key) < 0;
 }
 
-LPCWSTR CursorOf(int mode)
+int CursorOf(int mode)
 {
     switch (mode) {
     case CDsp::mouseZoom:
-        return MAKEINTRESOURCEW(VANT_IDC_ZOOM_IN);
+        return VANT_IDC_ZOOM_IN;
     case CDsp::mouseRotate:
-        return MAKEINTRESOURCEW(VANT_IDC_ROTATE);
+        return VANT_IDC_ROTATE;
     case CDsp::mousePick:
-        return MAKEINTRESOURCEW(VANT_IDC_CROSS);
+        return VANT_IDC_CROSS;
     default:
-        return MAKEINTRESOURCEW(VANT_IDC_PAN);
+        return VANT_IDC_PAN;
     }
+}
+
+void ShowCursorOf(int mode)
+{
+    ::SetCursor(::LoadCursorW(Module(), MAKEINTRESOURCEW(CursorOf(mode))));
 }
 
 } // namespace
@@ -77,6 +82,7 @@ void CDsp::DragTo(CPoint point)
             std::abs(way.y) < ::GetSystemMetrics(SM_CYDRAG))
             return;
         drag.hasMoved = true;
+        ShowCursorOf(drag.mode); // the system does not ask for it during a drag
     }
     const CPoint last = drag.last;
     drag.last = point;
@@ -198,8 +204,10 @@ void CDsp::OnRButtonDblClk(UINT flags, CPoint point)
     OnRButtonDown(flags, point);
 }
 
-void CDsp::OnContextMenu(CWnd*, CPoint point)
+void CDsp::OnContextMenu(CWnd* wnd, CPoint point)
 {
+    if (wnd != this) // of a control in the view
+        return CGLWnd::OnContextMenu(wnd, point);
     if (point == CPoint(-1, -1)) // by a key
         return PickMiddle(pickMenu);
     ScreenToClient(&point);
@@ -247,7 +255,7 @@ BOOL CDsp::OnSetCursor(CWnd* wnd, UINT hitTest, UINT message)
 {
     if (hitTest != HTCLIENT || wnd != this)
         return CGLWnd::OnSetCursor(wnd, hitTest, message);
-    ::SetCursor(::LoadCursorW(Module(), CursorOf(m_state->drag ? m_state->drag->mode : mouseMode)));
+    ShowCursorOf(m_state->drag ? m_state->drag->mode : mouseMode);
     return TRUE;
 }
 

@@ -236,14 +236,16 @@ void CDsp::DrawGridTexts(TakenPlaces& taken)
         if (std::fmod(lines[i].steps, every) != 0)
             continue;
         const double width = OverlayTxtWidth(texts[i], labelSize) * scale;
-        const TextPlace place = PlaceAtEdge(lines[i], geometry, width, capital, edgeGap * scale);
-        const bool isInside = place.left >= 0 && place.top >= 0 && place.right <= geometry.Width() &&
-                              place.bottom <= geometry.Height();
-        if (!isInside || !taken.Take(place, edgeGap * scale))
-            continue;
-        DrawPlate(place);
-        OverlayTxt(place.left / scale, (geometry.Height() - place.bottom) / scale, texts[i],
-                   Between(backCol, Vant::light), labelSize);
+        for (const TextPlace& place : PlacesAtEdges(lines[i], geometry, width, capital, edgeGap * scale)) {
+            const bool isInside = place.left >= 0 && place.top >= 0 && place.right <= geometry.Width() &&
+                                  place.bottom <= geometry.Height();
+            if (!isInside || !taken.Take(place, edgeGap * scale))
+                continue;
+            DrawPlate(place);
+            OverlayTxt(place.left / scale, (geometry.Height() - place.bottom) / scale, texts[i],
+                       Between(backCol, Vant::light), labelSize);
+            break;
+        }
     }
 }
 

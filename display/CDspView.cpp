@@ -316,6 +316,8 @@ void CDsp::Settings(CESetObj& obj)
     obj.Item(L"Follow", follow);
     if (!obj.IsLoading())
         return;
+    if (m_up == upNorth)
+        cam.align = 0;
     Apply(cam);
     AskDraw();
     if (follow != m_posName)

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace vant::detail
 {
@@ -135,29 +136,36 @@ std::wstring GridText(double steps, double spacing, bool isEasting)
     return GridNumber(std::abs(steps * spacing), spacing) + side;
 }
 
-TextPlace PlaceAtEdge(const GridLine& line, const ViewGeometry& geometry, double width, double height,
-                      double gap)
+std::array<TextPlace, 2> PlacesAtEdges(const GridLine& line, const ViewGeometry& geometry, double width,
+                                       double height, double gap)
 {
     constexpr double near = 0.5; // pixels from an edge that a line ends at
-    double atX[] = {line.x0, line.x1};
-    double atY[] = {line.y0, line.y1};
-    const auto place = [&](double left, double top) {
-        return TextPlace{left, top, left + width, top + height};
+    enum Edge { bottom, left, right, top };
+    const auto edgeAt = [&](double x, double y) {
+        if (y > geometry.Height() - near)
+            return bottom;
+        if (x < near)
+            return left;
+        return x > geometry.Width() - near ? right : top;
     };
-    const double lowest = geometry.Height() - gap - height;
-    for (int end = 0; end < 2; ++end) {
-        if (atY[end] > geometry.Height() - near)
-            return place(atX[end] - width / 2, lowest);
-    }
-    for (int end = 0; end < 2; ++end) {
-        if (atX[end] < near)
-            return place(gap, atY[end] - height / 2);
-    }
-    for (int end = 0; end < 2; ++end) {
-        if (atX[end] > geometry.Width() - near)
-            return place(geometry.Width() - gap - width, atY[end] - height / 2);
-    }
-    return place(atX[0] - width / 2, gap);
+    const auto placeAt = [&](Edge edge, double x, double y) {
+        TextPlace place{x - width / 2, y - height / 2, 0, 0};
+        if (edge == left)
+            place.left = gap;
+        else if (edge == right)
+            place.left = geometry.Width() - gap - width;
+        else
+            place.top = edge == top ? gap : geometry.Height() - gap - height;
+        place.right = place.left + width;
+        place.bottom = place.top + height;
+        return place;
+    };
+    const Edge first = edgeAt(line.x0, line.y0);
+    const Edge second = edgeAt(line.x1, line.y1);
+    std::array<TextPlace, 2> places = {placeAt(first, line.x0, line.y0), placeAt(second, line.x1, line.y1)};
+    if (second < first)
+        std::swap(places[0], places[1]);
+    return places;
 }
 
 bool TakenPlaces::Take(const TextPlace& place, double around)

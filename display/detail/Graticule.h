@@ -2,6 +2,7 @@
 
 #include "display/detail/ViewGeometry.h"
 
+#include <array>
 #include <string>
 #include <vector>
 
@@ -43,10 +44,11 @@ struct TextPlace {
     double left, top, right, bottom;
 };
 
-/** Where a line's text stands, pixels from the upper left corner: at the edge that the line ends at, the
- *  lower or left one if it can be chosen. @param width,height  of the text  @param gap  to the edge */
-TextPlace PlaceAtEdge(const GridLine& line, const ViewGeometry& geometry, double width, double height,
-                      double gap);
+/** Where a line's text may stand, pixels from the upper left corner: at the edges that its two ends are at,
+ * the better one first; those are the lower and then the left one. @param width,height  of the text
+ * @param gap  to the edge */
+std::array<TextPlace, 2> PlacesAtEdges(const GridLine& line, const ViewGeometry& geometry, double width,
+                                       double height, double gap);
 
 /** Places that do not overlap. */
 class TakenPlaces

@@ -377,12 +377,14 @@ TEST_F(CDspTest, KeepsItsSettings)
     odd->Add(L"CamZoom", L"-3");
     odd->Add(L"CamOrg", L"1e300, 2, 3");
     odd->Add(L"Up", L"9");
+    odd->Add(L"Graticule", L"5");
     odd->Add(L"MouseMode", L"-1");
     loaded.Settings(*odd);
     EXPECT_EQ(loaded.Cam().zoom, CDspCam::minZoom);
     EXPECT_EQ(loaded.Cam().org.x, CDspCam::maxOrg);
     EXPECT_EQ(loaded.GetUp(), CDsp::upFree);
     EXPECT_EQ(loaded.mouseMode, CDsp::mousePick);
+    EXPECT_EQ(loaded.graticule, 1);
 }
 
 TEST_F(CDspTest, ShowsWhatThereIs)

@@ -183,13 +183,14 @@ TEST(GraticuleTest, WritesCoordinates)
 TEST(GraticuleTest, PutsTextsToTheEdgesWithoutOverlap)
 {
     const ViewGeometry view(Chart(), 200, 100);
-    const auto at = [&](const GridLine& line) {
-        const TextPlace place = PlaceAtEdge(line, view, 30, 10, 4);
+    const auto at = [&](const GridLine& line, std::size_t choice = 0) {
+        const TextPlace place = PlacesAtEdges(line, view, 30, 10, 4)[choice];
         return std::vector{place.left, place.top, place.right, place.bottom};
     };
     EXPECT_THAT(at({80, 0, 80, 100, 1, true}), ElementsAre(65, 86, 95, 96));
     EXPECT_THAT(at({0, 50, 200, 50, 1, false}), ElementsAre(4, 45, 34, 55));
     EXPECT_THAT(at({150, 0, 200, 50, 1, false}), ElementsAre(166, 45, 196, 55));
+    EXPECT_THAT(at({150, 0, 200, 50, 1, false}, 1), ElementsAre(135, 4, 165, 14));
 
     TakenPlaces taken;
     EXPECT_TRUE(taken.Take({0, 0, 10, 10}, 0));
