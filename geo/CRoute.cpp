@@ -30,7 +30,6 @@ int CRoute::operator<(const CRoute& other) const
 void CRoute::Recalc()
 {
     Forget();
-    std::vector<RouteStop> stops;
     CRtV3* before = nullptr;
     Leg leg;
     for (CVantPtr* pos = GetHeadPos(); pos;) {
@@ -44,14 +43,13 @@ void CRoute::Recalc()
             node->p = before->p + leg.length;
             node->q = before->q + leg.plan;
         }
-        stops.push_back({node->q, node->p, node});
         before = node;
     }
     if (!before)
         return;
     before->heading = leg.heading;
     before->pitch = leg.pitch;
-    m_index = std::make_unique<RouteIndex>(std::move(stops));
+    Index();
 }
 
 void CRoute::Forget()

@@ -23,7 +23,7 @@ struct RouteIndex;
  * works them out for every node, with the direction of every segment; call it after every change of the nodes
  * or of their coordinates. Looking up a position that moves takes the same short time however many nodes
  * there are, and so does jumping about on a route with evenly spaced nodes; in the worst case that is a
- * search by halves. The lookups remember for that what Recalc() has prepared, about 30 bytes a node, and
+ * search by halves. The lookups remember for that what Recalc() has prepared, about 35 bytes a node, and
  * En2P() about 25 more once it is called.
  *
  *  Nodes that are added or removed without Recalc() have whatever p and q they hold; the next lookup then

@@ -5,22 +5,30 @@
 #include "core/ML.h"
 #include "geo/detail/RouteIndex.h"
 
-#include <algorithm>
 #include <cmath>
+#include <utility>
+#include <vector>
 
 using namespace vant::detail;
 
 namespace
 {
 
+/** The turn by which an angle is beyond half a turn either way. */
+double Excess(double angle)
+{
+    return angle > ML::pi ? ML::pi2 : angle < -ML::pi ? -ML::pi2 : 0.0;
+}
+
 /** From one angle towards another one, the shorter way round. @return in (-pi, pi] */
 double AngleBetween(double a, double b, double share)
 {
     double turn = b - a;
-    if (std::abs(turn) > ML::pi)
-        turn -= ML::pi2 * std::round(turn / ML::pi2);
+    if (std::abs(turn) > 3 * ML::pi) // no angle that Recalc() has made
+        turn = std::remainder(turn, ML::pi2);
+    turn -= Excess(turn);
     const double angle = a + turn * share;
-    return std::abs(angle) > ML::pi ? angle - ML::pi2 * std::round(angle / ML::pi2) : angle;
+    return angle - Excess(angle);
 }
 
 /** What lies at a share of the way from one node to the next. */
@@ -52,21 +60,19 @@ double Share(double at, double a, double b)
 }
 
 /** The place at a distance. @return whether it is on the route */
-bool PlaceAt(RouteIndex& index, const DistanceIndex& distances, double RouteStop::*stop, double CRtV3::*along,
-             double at, CRtV3& out)
+bool PlaceAt(DistanceIndex& distances, double CRtV3::*along, double at, CRtV3& out)
 {
-    const std::vector<RouteStop>& stops = index.stops;
-    if (at < stops.front().*stop) {
-        out = *stops.front().node;
+    if (at < distances.First()) {
+        out = distances.Node(0);
         return false;
     }
-    index.cursor = distances.Find(stops, at, index.cursor);
-    const CRtV3& a = *stops[index.cursor].node;
-    if (index.cursor + 1 == stops.size()) {
+    const std::size_t found = distances.Find(at);
+    const CRtV3& a = distances.Node(found);
+    if (found + 1 == distances.Count()) {
         out = a;
-        return at == stops.back().*stop;
+        return at == distances.Last();
     }
-    const CRtV3& b = *stops[index.cursor + 1].node;
+    const CRtV3& b = distances.Node(found + 1);
     Interpolate(a, b, Share(at, a.*along, b.*along), out);
     return true;
 }
@@ -77,26 +83,29 @@ RouteIndex* CRoute::Index() const
 {
     if (m_index)
         return m_index.get();
-    std::vector<RouteStop> stops;
+    std::vector<RouteStop> byQ;
+    std::vector<RouteStop> byP;
     for (CVantPtr* pos = GetHeadPos(); pos;) {
-        if (CRtV3* const node = GetNext(pos))
-            stops.push_back({node->q, node->p, node});
+        if (CRtV3* const node = GetNext(pos)) {
+            byQ.push_back({node->q, node});
+            byP.push_back({node->p, node});
+        }
     }
-    if (!stops.empty())
-        m_index = std::make_unique<RouteIndex>(std::move(stops));
+    if (!byQ.empty())
+        m_index.reset(new RouteIndex{DistanceIndex(std::move(byQ)), DistanceIndex(std::move(byP)), nullptr});
     return m_index.get();
 }
 
 int CRoute::Q2Entry(double q, CRtV3& out) const
 {
     RouteIndex* const index = Index();
-    return index && !std::isnan(q) && PlaceAt(*index, index->byQ, &RouteStop::q, &CRtV3::q, q, out);
+    return index && !std::isnan(q) && PlaceAt(index->byQ, &CRtV3::q, q, out);
 }
 
 int CRoute::P2Entry(double p, CRtV3& out) const
 {
     RouteIndex* const index = Index();
-    return index && !std::isnan(p) && PlaceAt(*index, index->byP, &RouteStop::p, &CRtV3::p, p, out);
+    return index && !std::isnan(p) && PlaceAt(index->byP, &CRtV3::p, p, out);
 }
 
 CRtV3 CRoute::InterpQ(double q, const CRtV3& a, const CRtV3& b)
@@ -115,8 +124,8 @@ CRtV3 CRoute::InterpP(double p, const CRtV3& a, const CRtV3& b)
 
 std::size_t CRoute::SegmentAt(double q) const
 {
-    RouteIndex& index = *Index();
-    return q < index.stops.front().q ? 0 : index.byQ.Find(index.stops, q, index.cursor);
+    DistanceIndex& distances = Index()->byQ;
+    return q < distances.First() ? 0 : distances.Find(q);
 }
 
 bool CRoute::Nearest(double east, double north, CRtV3*& a, CRtV3*& b, double& share) const
@@ -126,23 +135,22 @@ bool CRoute::Nearest(double east, double north, CRtV3*& a, CRtV3*& b, double& sh
     RouteIndex* const index = Index();
     if (!index || !std::isfinite(east) || !std::isfinite(north))
         return false;
-    const std::vector<RouteStop>& stops = index->stops;
-    if (stops.size() == 1) {
-        a = b = stops.front().node;
+    const DistanceIndex& stops = index->byQ;
+    if (stops.Count() == 1) {
+        a = b = &stops.Node(0);
         return true;
     }
     if (!index->nearest) {
-        std::vector<PlanPoint> points(stops.size());
-        std::transform(stops.begin(), stops.end(), points.begin(), [](const RouteStop& stop) {
-            return PlanPoint{stop.node->x, stop.node->y};
-        });
+        std::vector<PlanPoint> points(stops.Count());
+        for (std::size_t i = 0; i < points.size(); ++i)
+            points[i] = {stops.Node(i).x, stops.Node(i).y};
         index->nearest = std::make_unique<const NearestIndex>(std::move(points));
     }
     NearestPlace place{};
     if (!index->nearest->Find({east, north}, place))
         return false;
-    a = stops[place.segment].node;
-    b = stops[place.segment + 1].node;
+    a = &stops.Node(place.segment);
+    b = &stops.Node(place.segment + 1);
     share = place.share;
     return true;
 }

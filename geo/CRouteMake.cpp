@@ -130,7 +130,7 @@ int CRoute::OffsetRtCP(CRoute& out, double from, double to, double offset, doubl
         return CRoute(*this).OffsetRtCP(out, from, to, offset, angle);
     if (!Begin(out, L"_%+lg", offset) || !AreFinite(from, to, offset, angle))
         return 0;
-    const std::vector<RouteStop>& stops = Index()->stops;
+    const DistanceIndex& stops = Index()->byQ;
     std::size_t next = 1; // node after the place
     const auto addEnd = [&](double q, double heading) {
         CRtV3 place;
@@ -139,14 +139,14 @@ int CRoute::OffsetRtCP(CRoute& out, double from, double to, double offset, doubl
     };
     if (from < to) {
         next = SegmentAt(from) + 1;
-        addEnd(from, stops[next - 1].node->heading);
+        addEnd(from, stops.Node(next - 1).heading);
     }
-    for (; next < stops.size() && stops[next].q < to; ++next) {
-        const CRtV3& node = *stops[next].node;
+    for (; next < stops.Count() && stops.At(next) < to; ++next) {
+        const CRtV3& node = stops.Node(next);
         if (from < to)
-            out.AddBeside(node, stops[next - 1].node->heading, node.heading, node.scale * offset, angle);
+            out.AddBeside(node, stops.Node(next - 1).heading, node.heading, node.scale * offset, angle);
     }
-    addEnd(to, stops[next - 1].node->heading); // of the segment that leads there
+    addEnd(to, stops.Node(next - 1).heading); // of the segment that leads there
     return out.GetCount();
 }
 
@@ -158,7 +158,7 @@ int CRoute::XLine(CRoute& out, double q, double from, double to, double angle) c
         return 0;
     CRtV3 place;
     Q2Entry(q, place);
-    const double heading = Index()->stops[SegmentAt(q)].node->heading;
+    const double heading = Index()->byQ.Node(SegmentAt(q)).heading;
     out.AddMoved(place, heading, from, angle);
     out.AddMoved(place, heading, to, angle);
     return 2;

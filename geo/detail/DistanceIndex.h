@@ -2,7 +2,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <span>
 #include <vector>
 
 class CRtV3;
@@ -10,10 +9,9 @@ class CRtV3;
 namespace vant::detail
 {
 
-/** A node of a route with its distances from the first one. */
+/** A node of a route and its distance from the first one. */
 struct RouteStop {
-    double q; ///< as seen from above
-    double p; ///< in space
+    double at;
     CRtV3* node;
 };
 
@@ -21,25 +19,34 @@ struct RouteStop {
  *
  *  The route's length is divided into equal parts, one for a few nodes, and the first node of each is kept: a
  * distance then is searched among the nodes of its part only. With evenly spaced nodes these are a few, and
- * in the worst case, when all lie in one part, it is a binary search. */
+ * in the worst case, when all lie in one part, it is a binary search. A lookup next to the one before does
+ * without. */
 class DistanceIndex
 {
 public:
-    /** @param stops  at least one, their distances finite and in ascending order. They belong to the caller
-     * and are passed to Find() again. */
-    DistanceIndex(std::span<const RouteStop> stops, double RouteStop::*along);
+    /** @param stops  at least one. A distance that cannot be (not a number, less than the one before) counts
+     * as that of the node before. */
+    explicit DistanceIndex(std::vector<RouteStop> stops);
 
-    /** The last node whose distance is at most `at`. @param at  not below the first one's
-     *  @param hint  where it may be, or a few nodes before or after */
-    std::size_t Find(std::span<const RouteStop> stops, double at, std::size_t hint) const noexcept;
+    std::size_t Count() const noexcept { return m_count; }
+    double First() const noexcept { return m_stops[0].at; }
+    double Last() const noexcept { return m_stops[m_count - 1].at; }
+    double At(std::size_t i) const noexcept { return m_stops[i].at; }
+    CRtV3& Node(std::size_t i) const noexcept { return *m_stops[i].node; }
+
+    /** The number of the last node whose distance is at most `at`. @param at  not below First() */
+    std::size_t Find(double at) noexcept { return m_cursor = Search(at); }
 
 private:
     std::size_t PartOf(double at) const noexcept;
+    std::size_t Search(double at) const noexcept;
+    std::size_t SearchLargePart(double at, std::size_t first, std::size_t end) const noexcept;
 
-    double RouteStop::*m_along;
-    double m_start;
+    std::vector<RouteStop> m_stops; // and some that no distance reaches
+    std::size_t m_count;
     double m_partsPerLength = 0;
-    std::vector<std::uint32_t> m_firsts; // of each part, and one more
+    std::vector<std::uint32_t> m_firsts; // node of each part, and one more
+    std::size_t m_cursor = 0;            // node before the place of the last lookup; the next one is after it
 };
 
 } // namespace vant::detail

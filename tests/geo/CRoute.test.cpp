@@ -135,9 +135,9 @@ TEST(CRoute, AnglesGoTheShorterWayRound)
     EXPECT_NEAR(CRoute::InterpQ(5, a, b).q, 5, 1e-12);
 }
 
-TEST(CRoute, LooksUpTheSameWhateverWasLookedUpBefore)
+/** Looks up places near the last one, anywhere and on nodes, by both distances. */
+void LookUpAll(const std::vector<CV3>& places, std::size_t dense)
 {
-    const std::vector<CV3> places = Walk(3000);
     CRoute route;
     Fill(route, places);
     const std::vector<double> distances = Each(route, &CRtV3::q);
@@ -145,11 +145,10 @@ TEST(CRoute, LooksUpTheSameWhateverWasLookedUpBefore)
     CRtV3 place;
     double q = 0;
     for (int i = 0; i < 20'000; ++i) {
-        // Creeps either way, jumps, and stops on nodes.
         const int kind = i % 4;
-        q = kind == 0   ? random.Number(0, distances.back())
-            : kind == 1 ? distances[static_cast<std::size_t>(random.Number(0, 2999.9))]
-                        : std::clamp(q + random.Number(-20, 20), 0.0, distances.back());
+        q = kind == 0   ? random.Number(0, distances[dense])
+            : kind == 1 ? distances[static_cast<std::size_t>(random.Number(0, static_cast<double>(dense)))]
+                        : std::clamp(q + random.Number(-20, 20), 0.0, distances[dense]);
         ASSERT_NE(route.Q2Entry(q, place), 0) << q;
         const auto after = std::upper_bound(distances.begin(), distances.end(), q);
         const auto before = static_cast<std::size_t>(after - distances.begin()) - 1;
@@ -163,6 +162,16 @@ TEST(CRoute, LooksUpTheSameWhateverWasLookedUpBefore)
         ASSERT_NE(route.P2Entry(place.p, same), 0);
         ASSERT_THAT(same.Pos(), NearTo(place.Pos()));
     }
+}
+
+TEST(CRoute, LooksUpTheSameWhateverWasLookedUpBefore)
+{
+    std::vector<CV3> places = Walk(3000);
+    LookUpAll(places, 2999);
+    // So long a last segment that all nodes but one lie close together.
+    places.push_back(places.back() + CV3(1e9, 0, 0));
+    LookUpAll(places, 2999);
+    LookUpAll({{0, 0, 0}, {3, 0, 0}}, 1);
 }
 
 TEST(CRoute, FindsTheNearestPlaceAsSeenFromAbove)
