@@ -1,6 +1,7 @@
 #include "geo/CRoute.h"
 
 #include "geo/detail/Leg.h"
+#include "geo/detail/NameOrder.h"
 #include "geo/detail/RouteIndex.h"
 
 using namespace vant::detail;
@@ -23,8 +24,7 @@ CRoute& CRoute::operator=(const CRoute& other)
 
 int CRoute::operator<(const CRoute& other) const
 {
-    const int order = name.CompareNoCase(other.name);
-    return order != 0 ? order < 0 : name.Compare(other.name) < 0;
+    return IsBefore(name, other.name);
 }
 
 void CRoute::Recalc()

@@ -110,6 +110,21 @@ public:
     CRtV3 Node(CVantPtr* pos) const;
     /** @} */
 
+    /** @name Drawing, while a view draws its scene
+     *  In the current colour; whatever cannot be told apart in the view is drawn once. Exact also millions of
+     * metres from zero. @{ */
+    /** As a line of the current width, without light. */
+    void DwLineRt(CDsp& dsp) const;
+    /** As a band, level from side to side, with the light that is on. @param width  metres */
+    void DwSolidRt(CDsp& dsp, double width) const;
+    /** Draws the route's markers. Nothing here: which nodes are marked, and how, is the application's, which
+     * replaces this in a class of its own and calls DwMrkr() or draws its own symbols there. */
+    virtual void DwMrkrs(CDsp& dsp);
+    /** Draws one marker, a diamond that faces the eye, without light. @param size  units of 1/96 inch,
+     * however far the view zooms */
+    static void DwMrkr(CDsp& dsp, const CRtV3& at, double size = 10);
+    /** @} */
+
     /** @name The list's operations that change it: they end what the lookups remember @{ */
     CLstMgd& operator=(const CLstMgd& nodes) { return Changing() = nodes; }
     CLstMgd& operator=(const CLstPtr<CRtV3*>& nodes) { return Changing() = nodes; }

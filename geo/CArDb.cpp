@@ -1,0 +1,77 @@
+#include "geo/CArDb.h"
+
+#include "display/CDspMHit.h"
+#include "geo/detail/Extents.h"
+#include "geo/detail/GeoDrawing.h"
+
+using namespace vant::detail;
+
+namespace
+{
+
+/** Calls each(area) for all areas of all categories, in their order, until it gives false. */
+template <class Each>
+void ForAreas(const CLstMgd<CArCat>& cats, Each each)
+{
+    for (CVantPtr* catPos = cats.GetHeadPos(); catPos;) {
+        const CArCat* const cat = cats.GetNext(catPos);
+        for (CVantPtr* pos = cat ? cat->GetHeadPos() : nullptr; pos;) {
+            const CArea* const area = cat->GetNext(pos);
+            if (area && !each(*area))
+                return;
+        }
+    }
+}
+
+template <class Each>
+void ForVertices(const CArea& area, Each each)
+{
+    for (CVantPtr* pos = area.GetHeadPos(); pos;) {
+        if (const CV3* const vertex = area.GetNext(pos))
+            each(*vertex);
+    }
+}
+
+} // namespace
+
+CArDb::CArDb() = default;
+CArDb::CArDb(const CArDb& other) = default;
+CArDb& CArDb::operator=(const CArDb& other) = default;
+CArDb::~CArDb() = default;
+
+void CArDb::Draw(CDsp& dsp)
+{
+    GeoDrawing drawing(dsp);
+    drawing.UsePen(mtrl);
+    unsigned number = 0;
+    ForAreas(*this, [&](const CArea& area) {
+        glLoadName(number++);
+        ForVertices(area, [&](const CV3& vertex) { drawing.To(vertex); });
+        drawing.DrawLine(GL_LINE_LOOP);
+        return true;
+    });
+}
+
+void CArDb::GetInf(CMdlInf& inf)
+{
+    inf.name = L"Areas";
+    inf.kind = L"Areas";
+    Extents extents;
+    ForAreas(*this, [&](const CArea& area) {
+        ForVertices(area, [&](const CV3& vertex) { extents.Add(vertex); });
+        return true;
+    });
+    extents.Tell(inf);
+}
+
+void CArDb::OnHit(CDsp&, CDspMHit& hit)
+{
+    int number = 0;
+    ForAreas(*this, [&](const CArea& area) {
+        if (number++ != hit.part)
+            return true;
+        if (!area.name.IsEmpty())
+            hit.text = area.name;
+        return false;
+    });
+}

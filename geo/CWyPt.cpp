@@ -1,0 +1,3 @@
+#include "geo/CWyPt.h"
+
+CWyPt::~CWyPt() = default;
