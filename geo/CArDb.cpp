@@ -1,6 +1,7 @@
 #include "geo/CArDb.h"
 
 #include "display/CDspMHit.h"
+#include "geo/CArKinds.h"
 #include "geo/detail/Extents.h"
 #include "geo/detail/GeoDrawing.h"
 
@@ -47,7 +48,7 @@ void CArDb::Draw(CDsp& dsp)
     ForAreas(*this, [&](const CArea& area) {
         glLoadName(number++);
         ForVertices(area, [&](const CV3& vertex) { drawing.To(vertex); });
-        drawing.DrawLine(GL_LINE_LOOP);
+        drawing.DrawLine(dynamic_cast<const CArRt*>(&area) ? GL_LINE_STRIP : GL_LINE_LOOP);
         return true;
     });
 }

@@ -6,10 +6,10 @@
 
 /** The areas of an application, by category: a drawable of the 3D display.
  *
- *  It draws each area's vertices, joined in their order and the last one to the first, in the diffuse colour
- * of its material; what has no vertices is not seen. After a change call ModelChanged(). An application that
- * knows its areas' shapes derives a database of its own and replaces Draw(). A copy is a drawable of its own
- * with areas of its own. */
+ *  It draws each area's vertices in the diffuse colour of its material, joined in their order, and the last
+ * one to the first unless they are a corridor's; what has no vertices is not seen. After a change call
+ * ModelChanged(). An application that knows its areas' shapes derives a database of its own and replaces
+ * Draw(). A copy is a drawable of its own with areas of its own. */
 class VANT_API CArDb : public CMdl, public CLstMgd<CArCat>
 {
 public:

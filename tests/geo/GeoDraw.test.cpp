@@ -111,11 +111,12 @@ protected:
         routes.AddTail(cat);
         return *cat;
     }
+    template <class Kind = CArFree>
     void AddArea(LPCWSTR name, const std::vector<CV3>& places)
     {
         if (areas.IsEmpty())
             areas.AddTail(new CArCat);
-        auto* const area = new CArFree;
+        auto* const area = new Kind;
         area->name = name;
         for (const CV3& place : places)
             area->AddTail(new CV3(faraway + place));
@@ -267,13 +268,14 @@ TEST_F(GeoDraw, AreasAndWaypointsShowAndTellTheirNames)
 {
     areas.mtrl.diffuse = CRgbf(1, 1, 0);
     AddArea(L"Berth", {{-50, -50, 0}, {50, -50, 0}, {50, 50, 0}, {-50, 50, 0}});
-    AddArea(L"Fairway", {{-90, 80, 0}, {90, 80, 0}});
+    AddArea<CArRt>(L"Fairway", {{-90, 60, 0}, {-90, 80, 0}, {90, 80, 0}});
     wyPts.AddTail(new CWyCat);
     wyPts.GetHead()->name = L"Buoys";
     wyPts.GetHead()->AddTail(new CWyPt(faraway.x, faraway.y, faraway.z));
     wyPts.GetHead()->AddTail(new CWyPt(faraway.x + 70, faraway.y, faraway.z));
-    EXPECT_EQ(Drawn(), CRect(-90, -51, 90, 81));
+    EXPECT_EQ(Drawn(), CRect(-91, -51, 90, 81));
     EXPECT_EQ(ColourAt(-50, 10), 0xFFFF00U) << "closed";
+    EXPECT_EQ(ColourAt(0, 70), 0U) << "not closed";
     EXPECT_EQ(ColourAt(70, 0), 0xFFFFFFU);
     EXPECT_EQ(ColourAt(40, 0), 0U);
     EXPECT_EQ(HitAt(-50, 10), "Berth 0");
