@@ -1,15 +1,11 @@
 // Geographic objects in a view. With VANT_PICTURES naming a directory, a picture of them is saved there, to
 // be looked at.
 
-#include "display/CDsp.h"
-#include "display/CDspGrp.h"
-#include "display/CDspMInf.h"
-#include "display/CMdlInf.h"
 #include "geo/CArDb.h"
 #include "geo/CArKinds.h"
 #include "geo/CRtDb.h"
 #include "geo/CWyDb.h"
-#include "tests/display/GLTest.h"
+#include "tests/display/ChartTest.h"
 #include "tests/geo/Routes.h"
 
 #include <cstdlib>
@@ -20,33 +16,6 @@ namespace
 using testing::ElementsAre;
 
 constexpr int side = 200;
-const CV3 faraway(489'600.125, 5'832'400.25, -31); // as real coordinates are
-
-/** A view of nothing but what it is asked to draw: a metre per pixel, around faraway. */
-class ChartWnd : public CDsp
-{
-public:
-    void Open()
-    {
-        graticule = 0;
-        northArrow = 0;
-        scaleBar = 0;
-        backCol = 0;
-        ASSERT_TRUE(CreateEx(WS_EX_TOPMOST | WS_EX_NOACTIVATE, Vant::wndClass, L"Chart", WS_POPUP,
-                             CRect(0, 0, side, side), nullptr, 0));
-        SetViewOrg(faraway);
-        SetZoom(side);
-    }
-    void Capture(CImage& image)
-    {
-        CClientDC dc(this);
-        ASSERT_EQ(InitPB(dc, side, side), 1);
-        if (image.IsNull()) {
-            ASSERT_TRUE(image.Create(side, side, 32));
-        }
-        ASSERT_EQ(CapPB(image), 1);
-    }
-};
 
 /** Draws its routes in one of its ways. */
 class Lines : public CRtCat
@@ -89,13 +58,13 @@ public:
     void DwMrkrs(CDsp& dsp) override { DwMrkr(dsp, *GetTail(), 20); }
 };
 
-class GeoDraw : public GLTest
+class GeoDraw : public ChartTest
 {
 protected:
     GeoDraw()
     {
         routes.lit = areas.lit = wyPts.lit = 0;
-        wnd.Open();
+        wnd.Open(faraway, side, side);
     }
 
     /** A route whose nodes are metres from the middle of the picture. */
@@ -140,11 +109,9 @@ protected:
                std::to_string(inf.hits.GetHead()->part);
     }
 
-    CDspGrp grp;
     CRtDb routes;
     CArDb areas;
     CWyDb wyPts;
-    ChartWnd wnd;
     CImage image;
 };
 
