@@ -76,7 +76,9 @@ public:
      * the parallels of its two segments meet, and the ends moved as the segments there lie. A corner sharper
      * than 120 degrees is cut: it gives two nodes. On the inside of a bend that is narrower than the offset
      * the parallel crosses itself.
-     *  @param from,to  q, in this order @return 0 likewise */
+     *  @param from,to  q; where from is not less, only the place at `to` is there  @param angle  as above,
+     * but of an offset along the route the corners take nothing
+     *  @return 0 likewise */
     int OffsetRtCP(CRoute& out, double from, double to, double offset, double angle) const;
     /** A straight line across this route, "<name>_X@<q>": two nodes, at the distances `from` and `to` from
      * the place at q. The scale takes no part.

@@ -6,9 +6,12 @@
 #include "geo/detail/Joint.h"
 #include "geo/detail/RouteIndex.h"
 
-#include <array>
+#include <algorithm>
 #include <cmath>
+#include <cstddef>
+#include <memory>
 #include <string>
+#include <vector>
 
 using namespace vant::detail;
 
@@ -21,18 +24,6 @@ bool AreFinite(Numbers... numbers)
     return (std::isfinite(numbers) && ...);
 }
 
-/** The node at a position, which then moves on; beyond the end the first node, from where it goes on, or the
- * last one again. */
-const CRtV3& NextOf(const CRoute& route, CVantPtr*& pos, bool closed)
-{
-    if (!pos) {
-        if (!closed)
-            return *route.GetTail();
-        pos = route.GetHeadPos();
-    }
-    return *route.GetNext(pos);
-}
-
 } // namespace
 
 int CRoute::SplineRt(CRoute& out, const CSpline& spline, int closed) const
@@ -41,29 +32,32 @@ int CRoute::SplineRt(CRoute& out, const CSpline& spline, int closed) const
         return CRoute(*this).SplineRt(out, spline, closed);
     out.RemoveAll();
     out.name = name + L"_spline";
-    const int nodes = GetCount();
-    if (nodes < 2)
+    std::vector<const CRtV3*> nodes;
+    for (CVantPtr* pos = GetHeadPos(); pos;) {
+        if (const CRtV3* const node = GetNext(pos))
+            nodes.push_back(node);
+    }
+    const auto count = static_cast<std::ptrdiff_t>(nodes.size());
+    if (count < 2)
         return 0;
-    const bool isClosed = closed != 0;
-    CVantPtr* pos = GetHeadPos();
-    std::array<const CRtV3*, 4> window{};
-    window[1] = &NextOf(*this, pos, isClosed);
-    window[0] = isClosed ? GetTail() : window[1];
-    window[2] = &NextOf(*this, pos, isClosed);
-    window[3] = &NextOf(*this, pos, isClosed);
+    // Beyond its ends a closed route goes on, and the end of an open one stands for what is not there.
+    const auto at = [&](std::ptrdiff_t i) -> const CRtV3& {
+        const std::ptrdiff_t on = closed ? (i + count) % count : std::clamp<std::ptrdiff_t>(i, 0, count - 1);
+        return *nodes[static_cast<std::size_t>(on)];
+    };
     int made = 0;
-    for (int segment = 0; segment < nodes + (isClosed ? 1 : 0); ++segment) {
+    for (std::ptrdiff_t segment = 0; segment < count + (closed ? 1 : 0); ++segment) {
         for (int row = 0; row < spline.GetCount(); ++row, ++made) {
             const double* const weights = spline.GetRow(row);
             auto node = std::make_unique<CRtV3>();
-            for (std::size_t i = 0; i < window.size(); ++i) {
-                node->x += weights[i] * window[i]->x;
-                node->y += weights[i] * window[i]->y;
-                node->z += weights[i] * window[i]->z;
+            for (std::ptrdiff_t i = 0; i < 4; ++i) {
+                const CRtV3& from = at(segment - 1 + i);
+                node->x += weights[i] * from.x;
+                node->y += weights[i] * from.y;
+                node->z += weights[i] * from.z;
             }
             out.AddTail(node.release());
         }
-        window = {window[1], window[2], window[3], &NextOf(*this, pos, isClosed)};
     }
     return made;
 }
