@@ -20,8 +20,8 @@ struct DibFrame;
  *      if (avi.Open(L"C:\\VantData\\dive.avi"))
  *          avi.AddDib(image); // a CImage of 24 or 32 bits, after each CapPB()
  *
- *  Frames are device-independent sections of 8, 24 or 32 bits, with either row first; all have the size and depth of
- * the first. The fourth byte of 32-bit pixels is written as it is.
+ *  Frames are device-independent sections of 8, 24 or 32 bits, with either row first; all have the size and
+ * depth of the first. The fourth byte of 32-bit pixels is written as it is.
  *
  *  **Long recordings.** A file holds less than 2 GiB (4 minutes of 400 x 400 pixels at 24 bits): beyond, the
  * system's library goes on without an error and loses frames. Before that the recording continues in a file
