@@ -2,6 +2,7 @@
 
 #include "demo/detail/Geometry.h"
 #include "demo/detail/History.h"
+#include "demo/detail/LocalPlane.h"
 #include "demo/detail/Playback.h"
 
 namespace demo
@@ -31,9 +32,7 @@ public:
 
 private:
     Box m_box;
-    double m_latitude = 0.0; // of the first position: the map's origin
-    double m_longitude = 0.0;
-    double m_cosine = 1.0;
+    LocalPlane m_plane;        // around the first position
     double m_centreEast = 0.0; // of the box's middle, metres from the origin
     double m_centreNorth = 0.0;
     double m_metresPerPixel = 0.0;

@@ -19,6 +19,7 @@ public:
 
     void Add(const T& value)
     {
+        ++m_added;
         if (m_items.size() < m_capacity) {
             m_items.push_back(value);
             return;
@@ -31,10 +32,14 @@ public:
     {
         m_items.clear();
         m_first = 0;
+        m_added = 0;
     }
 
     std::size_t Size() const noexcept { return m_items.size(); }
     bool IsEmpty() const noexcept { return m_items.empty(); }
+
+    /** How many elements have come since the beginning, those that made way for others too. */
+    std::size_t Added() const noexcept { return m_added; }
 
     /** Element `index` counted from the oldest, which is 0. */
     const T& operator[](std::size_t index) const noexcept
@@ -48,6 +53,7 @@ public:
 private:
     std::size_t m_capacity;
     std::size_t m_first = 0;
+    std::size_t m_added = 0;
     std::vector<T> m_items;
 };
 

@@ -136,8 +136,11 @@ void Playback::Keep(const NmeaReadings& readings, double time)
             m_alarms.Fix(time, !IsMissing(reading.value));
     }
     const double latitude = readings.Value(Quantity::Latitude);
-    if (moved && !IsMissing(latitude))
-        m_track.Add({latitude, readings.Value(Quantity::Longitude), wasLive && !m_track.IsEmpty()});
+    if (moved && !IsMissing(latitude)) {
+        const bool isSounding = StateAt(Quantity::DepthBelowSurface, time) == Freshness::Live;
+        m_track.Add({latitude, readings.Value(Quantity::Longitude), wasLive && !m_track.IsEmpty(),
+                     isSounding ? Value(Quantity::DepthBelowSurface) : missing});
+    }
 }
 
 double Playback::Corrected(const NmeaReadings& readings, const Reading& reading) const noexcept

@@ -52,7 +52,8 @@ struct LineCounts {
 struct TrackPoint {
     double latitude = missing;
     double longitude = missing;
-    bool joined = false; ///< the track runs here from the point before; false after a drop-out
+    bool joined = false;    ///< the track runs here from the point before; false after a drop-out
+    double depth = missing; ///< metres below the surface, missing while the sounder is silent
 };
 
 /** A sounding of the depth graph. */

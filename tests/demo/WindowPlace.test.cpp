@@ -1,4 +1,5 @@
 #include "demo/detail/WindowPlace.h"
+#include "demo/detail/ViewPlaces.h"
 
 #include <gtest/gtest.h>
 
@@ -54,4 +55,39 @@ TEST(WindowPlace, SurvivesAnyNumbers)
     const Box kept = KeepOnScreen(far, one);
     EXPECT_EQ(kept, demo::Overlap(kept, one[0]));
     EXPECT_EQ(far, KeepOnScreen(far, {}));
+}
+
+TEST(ViewPlaces, TheViewsLieBesideTheBridgeWhereTheScreenHasRoom)
+{
+    constexpr int width = 1508;
+    constexpr int height = 1013;
+    constexpr int least = 713;
+    const auto apart = [](const Box& a, const Box& b) {
+        const Box both = demo::Overlap(a, b);
+        return both.Width() == 0 || both.Height() == 0;
+    };
+    const auto inside = [](const Box& a, const Box& work) { return demo::Overlap(a, work) == a; };
+    for (const Box& work : {Box{0, 0, 1920, 1040}, Box{0, 0, 1600, 1200}, Box{0, 40, 2560, 1440}}) {
+        const Box bridge = demo::BridgePlace(width, height, least, work, 1.0);
+        const auto views = demo::ViewPlaces::Beside(bridge, work, 1.0);
+        EXPECT_TRUE(inside(bridge, work) && inside(views.chart, work) && inside(views.orbit, work));
+        EXPECT_TRUE(apart(bridge, views.chart) && apart(bridge, views.orbit) &&
+                    apart(views.chart, views.orbit))
+            << work.Width();
+        EXPECT_GE(views.chart.Width(), demo::ViewPlaces::leastWidth);
+        EXPECT_GE(views.orbit.Height(), demo::ViewPlaces::leastHeight);
+        EXPECT_GE(bridge.Height(), least);
+    }
+}
+
+TEST(ViewPlaces, OnASmallScreenTheyLieOverTheBridge)
+{
+    const Box work{0, 0, 1366, 728};
+    const Box bridge = demo::BridgePlace(1508, 1013, 713, work, 1.0);
+    EXPECT_EQ(work, bridge);
+    const auto views = demo::ViewPlaces::Beside(bridge, work, 1.0);
+    EXPECT_EQ(views.chart, demo::Overlap(views.chart, work));
+    EXPECT_EQ(views.orbit, demo::Overlap(views.orbit, work));
+    EXPECT_GT(views.orbit.left, views.chart.left) << "each can be taken hold of";
+    EXPECT_GT(views.orbit.top, views.chart.top);
 }

@@ -1,0 +1,58 @@
+#include "demo/detail/ViewPlaces.h"
+
+#include <algorithm>
+
+namespace demo
+{
+namespace
+{
+
+int Pixels(int units, double scale) noexcept
+{
+    return static_cast<int>(units * scale + 0.5);
+}
+
+} // namespace
+
+ViewPlaces ViewPlaces::Beside(const Box& bridge, const Box& work, double scale) noexcept
+{
+    if (work.right - bridge.right >= Pixels(leastWidth, scale)) {
+        const int middle = work.CentreY();
+        return {{bridge.right, work.top, work.right, middle},
+                {bridge.right, middle, work.right, work.bottom}};
+    }
+    if (work.bottom - bridge.bottom >= Pixels(leastHeight, scale)) {
+        const int left = std::max(bridge.left, work.left);
+        const int right = std::min(bridge.right, work.right);
+        const int middle = (left + right) / 2;
+        return {{left, bridge.bottom, middle, work.bottom}, {middle, bridge.bottom, right, work.bottom}};
+    }
+    constexpr int width = 560;
+    constexpr int height = 400;
+    constexpr int step = 48;
+    const Box both = Overlap(bridge, work);
+    const auto at = [&](int units) {
+        const int right = both.right - Pixels(units, scale);
+        const int bottom = both.bottom - Pixels(units, scale);
+        return Box{std::max(right - Pixels(width, scale), both.left),
+                   std::max(bottom - Pixels(height, scale), both.top), right, bottom};
+    };
+    return {at(2 * step), at(step)};
+}
+
+Box BridgePlace(int width, int height, int leastHeight, const Box& work, double scale) noexcept
+{
+    width = std::min(width, work.Width());
+    height = std::min(height, work.Height());
+    const int left = work.left + (work.Width() - width) / 2;
+    const int top = work.top + (work.Height() - height) / 2;
+    const Box middle{left, top, left + width, top + height};
+    if (work.Width() - width >= Pixels(ViewPlaces::leastWidth, scale))
+        return {work.left, top, work.left + width, top + height};
+    const int below = std::max(work.Height() - height, Pixels(ViewPlaces::leastHeight, scale));
+    if (work.Height() - below < leastHeight)
+        return middle;
+    return {left, work.top, left + width, work.bottom - below};
+}
+
+} // namespace demo
