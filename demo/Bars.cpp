@@ -93,6 +93,8 @@ void PaintFooter(CPainter& painter, const Box& box, const View& view)
         {L"H", view.headingUp ? L"north up" : L"heading up"},
         {L"D", L"depth span"},
         {L"U", EUnits::system == 0 ? L"to US units" : L"to metric units"},
+        {L"C", L"chart"},
+        {L"O", L"orbit view"},
         {L"S", L"save picture"},
         {L"F6", L"next window"},
         {L"Tab", L"next control"},

@@ -12,15 +12,16 @@ namespace demo
 namespace
 {
 
-/** Whether a control has the keyboard, or the alarms, whose keys select and acknowledge: they have a use of
- * their own for every key. */
+/** Whether a control has the keyboard, or a view, or the alarms, whose keys select and acknowledge: they have
+ * a use of their own for every key. */
 bool IsInControl()
 {
     const HWND focus = ::GetFocus();
     if (!focus)
         return false;
     const auto style = static_cast<DWORD>(::GetWindowLongPtrW(focus, GWL_STYLE));
-    return (style & CECtrl::keepFocus) != 0 || focus == Vant::alarm.m_hWnd;
+    return (style & CECtrl::keepFocus) != 0 || focus == Vant::alarm.m_hWnd ||
+           dynamic_cast<CSceneWnd*>(CWnd::FromHandlePermanent(focus));
 }
 
 } // namespace
@@ -40,6 +41,10 @@ bool CBridge::TakeKey(UINT key)
         GoToNextWindow();
         return true;
     }
+    if (key == VK_ESCAPE && FocusedView() && !::GetCapture()) { // else it ends what the mouse does there
+        SetFocus();
+        return true;
+    }
     if (key != VK_ESCAPE || IsInControl())
         return false;
     // One level at a time: out of a docked window first, so that leaving a field twice closes nothing.
@@ -48,6 +53,15 @@ bool CBridge::TakeKey(UINT key)
     else
         PostMessage(WM_CLOSE);
     return true;
+}
+
+CSceneWnd* CBridge::FocusedView()
+{
+    const HWND focus = ::GetFocus();
+    for (CSceneWnd* const view : Views())
+        if (focus && view->m_hWnd == focus)
+            return view;
+    return nullptr;
 }
 
 CVantWnd* CBridge::FocusedGuest()
@@ -73,12 +87,16 @@ bool CBridge::TakeCharacter(wchar_t character)
 
 void CBridge::GoToNextWindow()
 {
-    // The bridge itself, then the set-up and the consoles.
+    // The bridge itself, then the set-up, the consoles and the views.
     std::vector<CWnd*> windows{this, &m_setup};
     for (const auto& dock : m_docks)
         if (&dock->Guest() != &m_setup && dock->IsWindowVisible())
             windows.push_back(&dock->Guest());
-    const auto current = std::ranges::find(windows, static_cast<CWnd*>(FocusedGuest()));
+    for (CSceneWnd* const view : Views())
+        if (view->IsWindowVisible())
+            windows.push_back(view);
+    CWnd* const focused = FocusedView() ? static_cast<CWnd*>(FocusedView()) : FocusedGuest();
+    const auto current = std::ranges::find(windows, focused);
     const auto index = current != windows.end() ? current - windows.begin() : 0;
     windows[static_cast<std::size_t>(index + 1) % windows.size()]->SetFocus();
 }

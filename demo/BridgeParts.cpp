@@ -75,6 +75,14 @@ bool CBridge::OpenParts()
     return std::ranges::all_of(m_panels, open) && std::ranges::all_of(m_docks, openDock);
 }
 
+bool CBridge::OpenViews()
+{
+    CRect place;
+    GetWindowRect(&place);
+    const ViewPlaces first = FirstPlacesOfViews(BoxOf(place), Dpi());
+    return m_chart.Open(*this, first.chart) && m_orbit.Open(*this, first.orbit);
+}
+
 void CBridge::LayoutWnd(int quiet)
 {
     CVantWnd::LayoutWnd(quiet);

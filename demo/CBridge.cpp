@@ -5,6 +5,7 @@
 #include "demo/ScreenPlace.h"
 #include "demo/detail/Text.h"
 #include "demo/script/Acts.h"
+#include "demo/script/ScreenPicture.h"
 #include "platform/Vant.h"
 
 #include <algorithm>
@@ -38,6 +39,9 @@ END_MESSAGE_MAP()
 CBridge::CBridge(Session& session)
     : m_session(session)
     , m_setup(session)
+    , m_scene(session.playback, session.boatFile)
+    , m_chart(session, m_scene)
+    , m_orbit(session, m_scene)
 {
     CVantWnd::name = L"Bridge";
     m_looks.palette = Palette::FromScheme();
@@ -52,7 +56,8 @@ bool CBridge::Open()
     const Box& saved = m_session.settings.window;
     const bool isSaved = saved.Width() > 0 && saved.Height() > 0;
     const Box place = isSaved ? PlaceAgain(saved) : FirstPlace();
-    if (!CreateEx(0, Vant::wndClass, Vant::appTitle, mainStyle, RectOf(place), nullptr, 0) || !OpenParts())
+    if (!CreateEx(0, Vant::wndClass, Vant::appTitle, mainStyle, RectOf(place), nullptr, 0) || !OpenParts() ||
+        !OpenViews())
         return false;
     LoadWindows(Vant::setFile);
     for (const auto& dock : m_docks) {
@@ -65,9 +70,12 @@ bool CBridge::Open()
     NotePlace();
     ShowWindow(m_session.settings.maximised ? SW_SHOWMAXIMIZED : SW_SHOWNORMAL);
     UpdateWindow();
+    for (CSceneWnd* const view : Views())
+        view->ShowAsSet();
     SetFocus();
     if (m_session.scripted)
-        m_script = std::make_unique<CScript>(Stage{m_session, *this, m_setup, m_hands}, AllActs());
+        m_script = std::make_unique<CScript>(
+            Stage{m_session, *this, m_setup, m_chart, m_orbit, m_scene, m_hands}, AllActs());
     m_last = Clock::now();
     SetTimer(frameTimer, frameInterval);
     return true;
@@ -114,6 +122,7 @@ void CBridge::Tick(double step)
     m_feed.Feed(m_session.tape, m_session.playback);
     ReportEvents();
     m_session.values.Take(m_session.playback);
+    m_scene.Take(m_elapsed);
     Poll(m_elapsed);
     ++m_session.frames;
     CECtrl::UpdateAuCtrls(m_elapsed);
@@ -156,6 +165,29 @@ void CBridge::ReportEvents()
     }
 }
 
+void CBridge::SavePictures()
+{
+    const auto note = [this](bool saved, const wchar_t* file) {
+        m_session.picturesSaved &= saved;
+        if (saved)
+            m_session.pictures.emplace_back(file);
+    };
+    CRect seen;
+    GetWindowRect(&seen);
+    for (CSceneWnd* const view : Views()) {
+        if (!view->IsWindowVisible())
+            continue;
+        const wchar_t* const file = view == &m_chart ? chartName : orbitName;
+        note(view->SavePicture(m_session.outDir + file), file);
+        CRect place;
+        view->GetWindowRect(&place);
+        seen.UnionRect(&seen, &place);
+        view->RedrawWnd();
+    }
+    note(SavePicture(m_session, pictureName), pictureName);
+    note(SaveScreen(seen, m_session.outDir + screenName), screenName);
+}
+
 void CBridge::Finish()
 {
     if (m_finished)
@@ -167,7 +199,7 @@ void CBridge::Finish()
     m_session.failed |= m_script && !m_script->IsDone(); // closed too early
     if (IsIconic())
         ShowWindow(SW_SHOWNOACTIVATE);
-    m_session.pictureSaved = SavePicture(m_session, pictureName);
+    SavePictures();
 }
 
 } // namespace demo

@@ -1,10 +1,13 @@
 #pragma once
 
+#include "demo/CChartWnd.h"
 #include "demo/CDockWnd.h"
+#include "demo/COrbitWnd.h"
 #include "demo/CSetupWnd.h"
 #include "demo/SentenceFeed.h"
 #include "demo/script/CScript.h"
 
+#include <array>
 #include <chrono>
 #include <memory>
 #include <vector>
@@ -52,9 +55,13 @@ private:
     bool TakeKey(UINT key);
     bool TakeCharacter(wchar_t character);
     void GoToNextWindow();
+    bool OpenViews();
+    std::array<CSceneWnd*, 2> Views() { return {&m_chart, &m_orbit}; }
+    CSceneWnd* FocusedView(); // the view that has the keyboard, or null
     CVantWnd* FocusedGuest(); // the docked window that has the keyboard, or null
     void Tick(double step);
     void ReportEvents();
+    void SavePictures();
     void Finish();
 
     Session& m_session;
@@ -62,7 +69,10 @@ private:
     std::vector<std::unique_ptr<CPanelWnd>> m_panels; // in the order of Layout
     CSetupWnd m_setup;
     std::vector<std::unique_ptr<CDockWnd>> m_docks; // the consoles, then the set-up
-    CInput m_hands{*this};
+    Scene m_scene;
+    CChartWnd m_chart;
+    COrbitWnd m_orbit;
+    CInput m_hands;
     std::unique_ptr<CScript> m_script;
     SentenceFeed m_feed;
     Clock::time_point m_last;

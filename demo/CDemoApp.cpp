@@ -23,6 +23,7 @@ namespace fs = std::filesystem;
 
 constexpr int keptLines = 500; // of each console
 constexpr const wchar_t* logName = L"survey.nmea";
+constexpr const wchar_t* boatName = L"boat.3ds";
 
 CDemoApp theApp;
 
@@ -33,12 +34,12 @@ fs::path ProgramDir()
     return fs::path(std::wstring(path, length)).parent_path();
 }
 
-/** The log that comes with the program: beside it, or in the source tree when it is run from there. */
-fs::path DefaultLog()
+/** A file that comes with the program: beside it, or in the source tree when it is run from there. */
+fs::path DataFile(const wchar_t* name)
 {
-    const fs::path beside = ProgramDir() / L"data" / logName;
+    const fs::path beside = ProgramDir() / L"data" / name;
     std::error_code error;
-    return fs::exists(beside, error) ? beside : fs::path(L"demo") / L"data" / logName;
+    return fs::exists(beside, error) ? beside : fs::path(L"demo") / L"data" / name;
 }
 
 HICON LibraryIcon()
@@ -87,7 +88,7 @@ bool CDemoApp::ReadCommandLine()
 
 bool CDemoApp::ReadLog()
 {
-    const fs::path path = m_options.log.empty() ? DefaultLog() : fs::path(m_options.log);
+    const fs::path path = m_options.log.empty() ? DataFile(logName) : fs::path(m_options.log);
     m_logPath = path.wstring();
     std::error_code error;
     std::ifstream file(path, std::ios::binary);
@@ -150,9 +151,9 @@ void CDemoApp::StartLibrary()
 
 bool CDemoApp::OpenWindow()
 {
-    m_session.reset(new Session{*m_tape, *m_playback, m_settings, m_log,
-                                fs::path(m_logPath).filename().wstring(), m_options.seconds, m_options.rate,
-                                m_options.script, m_outDir.c_str()});
+    m_session.reset(new Session{
+        *m_tape, *m_playback, m_settings, m_log, fs::path(m_logPath).filename().wstring(), m_options.seconds,
+        m_options.rate, m_options.script, m_outDir.c_str(), DataFile(boatName).make_preferred().c_str()});
     m_session->Apply();
     m_bridge = std::make_unique<CBridge>(*m_session);
     m_pMainWnd = m_bridge.get();

@@ -39,8 +39,8 @@ void CDemoApp::SaveSettings()
         Complain(L"cannot save the settings to " + Quoted(std::wstring(static_cast<LPCWSTR>(Vant::setFile))));
         m_exitCode = exitFailed;
     }
-    if (!m_session->pictureSaved) {
-        Complain(L"cannot save the picture to " + Quoted(m_outDir + pictureName));
+    if (!m_session->picturesSaved) {
+        Complain(L"cannot save every picture to " + Quoted(m_outDir));
         m_exitCode = exitFailed;
     }
     const LineCounts& counts = m_playback->Counts();
@@ -69,7 +69,8 @@ void CDemoApp::Summarise() const
     Say(L"alarms:    " + Counted(m_session->alarms, L"raised, ") +
         Counted(CountOn(*m_playback), L"still on"));
     Say(L"frames:    " + Counted(m_session->frames, L"drawn"));
-    Say(L"picture:   " + m_outDir + pictureName);
+    for (const std::wstring& picture : m_session->pictures)
+        Say(L"picture:   " + m_outDir + picture);
     Say(L"settings:  " + std::wstring(static_cast<LPCWSTR>(Vant::setFile)));
     Say(L"run log:   " + m_outDir + L"demo.log");
     Say(L"other logs: " + m_outDir + L"Logs");

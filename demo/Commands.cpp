@@ -61,6 +61,12 @@ std::optional<Command> CommandOf(wchar_t character) noexcept
     case L'u':
     case L'U':
         return Command::Units;
+    case L'c':
+    case L'C':
+        return Command::Chart;
+    case L'o':
+    case L'O':
+        return Command::Orbit;
     case L's':
     case L'S':
         return Command::Picture;
@@ -94,6 +100,12 @@ void Carry(Command command, Session& session)
         break;
     case Command::Units:
         settings.units = !settings.units;
+        break;
+    case Command::Chart:
+        settings.chart.open = !settings.chart.open;
+        break;
+    case Command::Orbit:
+        settings.orbit.open = !settings.orbit.open;
         break;
     case Command::Picture:
         TakePicture(session);

@@ -17,6 +17,15 @@ constexpr const wchar_t* ownObject = L"Display";
 constexpr const wchar_t* vantObject = L"Vant";
 constexpr int mostRuns = 1000000;
 
+void Exchange(CESetObj& obj, const CString& prefix, ViewPlace& place)
+{
+    obj.Item(prefix + L"Open", place.open);
+    obj.Item(prefix + L"Left", place.box.left);
+    obj.Item(prefix + L"Top", place.box.top);
+    obj.Item(prefix + L"Right", place.box.right);
+    obj.Item(prefix + L"Bottom", place.box.bottom);
+}
+
 template <typename T>
 void KeepWithin(T& value, T least, T most, T otherwise)
 {
@@ -34,6 +43,8 @@ void DemoSettings::Settings(CESetObj& obj)
     obj.Item(L"Right", window.right);
     obj.Item(L"Bottom", window.bottom);
     obj.Item(L"Maximised", maximised);
+    Exchange(obj, L"Chart", chart);
+    Exchange(obj, L"Orbit", orbit);
     obj.Item(L"HeadingUp", headingUp);
     obj.Item(L"DepthSpan", depthSpan);
     obj.Item(L"Units", units);
@@ -59,6 +70,8 @@ void DemoSettings::Mend()
     KeepWithin(mounting.bearing, 0.0, 2.0 * std::numbers::pi, usual.mounting.bearing);
     KeepWithin(mounting.slope, 0.0, Mounting::upright, usual.mounting.slope);
     sound = sound != 0;
+    chart.open = chart.open != 0;
+    orbit.open = orbit.open != 0;
 }
 
 bool DemoSettings::Load(const CString& file)

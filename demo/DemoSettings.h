@@ -11,12 +11,20 @@ class CESetObj;
 namespace demo
 {
 
+/** What is remembered of a view's window. */
+struct ViewPlace {
+    int open = 1; ///< non-zero: it is shown
+    Box box;      ///< its place on the screen, pixels; empty before it was ever shown
+};
+
 /** What the demonstration remembers from one run to the next. The controls of the set-up window are bound to
  * these variables. */
 struct DemoSettings {
     int runs = 0; ///< how often it has been started
     Box window; ///< place of the window while it is neither maximised nor an icon; empty before the first run
     int maximised = 0;
+    ViewPlace chart;
+    ViewPlace orbit;
 
     int headingUp = 1;        ///< see View
     double depthSpan = 120.0; ///< seconds, see View

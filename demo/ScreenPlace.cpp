@@ -3,7 +3,6 @@
 #include "demo/detail/Layout.h"
 #include "demo/detail/WindowPlace.h"
 
-#include <algorithm>
 #include <vector>
 
 namespace demo
@@ -18,6 +17,18 @@ BOOL CALLBACK AddWorkArea(HMONITOR monitor, HDC, LPRECT, LPARAM list)
     if (::GetMonitorInfoW(monitor, &info))
         reinterpret_cast<std::vector<Box>*>(list)->push_back(BoxOf(info.rcWork));
     return TRUE;
+}
+
+Box MainWorkArea() noexcept
+{
+    CRect work;
+    ::SystemParametersInfoW(SPI_GETWORKAREA, 0, &work, 0);
+    return BoxOf(work);
+}
+
+double ScaleOf(CDpi dpi) noexcept
+{
+    return static_cast<double>(dpi.Dpi()) / CDpi::base;
 }
 
 std::vector<Box> WorkAreas()
@@ -38,14 +49,15 @@ CSize FrameAround(int width, int height, CDpi dpi) noexcept
 
 Box FirstPlace() noexcept
 {
-    const CSize size = FrameAround(Layout::designWidth, Layout::designHeight, CDpi::Of(::GetDesktopWindow()));
-    CRect work;
-    ::SystemParametersInfoW(SPI_GETWORKAREA, 0, &work, 0);
-    const int width = std::min<int>(size.cx, work.Width());
-    const int height = std::min<int>(size.cy, work.Height());
-    const int left = work.left + (work.Width() - width) / 2;
-    const int top = work.top + (work.Height() - height) / 2;
-    return {left, top, left + width, top + height};
+    const CDpi dpi = CDpi::Of(::GetDesktopWindow());
+    const CSize size = FrameAround(Layout::designWidth, Layout::designHeight, dpi);
+    const CSize whole = FrameAround(Layout::designWidth, Layout::wholeHeight, dpi);
+    return BridgePlace(size.cx, size.cy, whole.cy, MainWorkArea(), ScaleOf(dpi));
+}
+
+ViewPlaces FirstPlacesOfViews(const Box& bridge, CDpi dpi) noexcept
+{
+    return ViewPlaces::Beside(bridge, MainWorkArea(), ScaleOf(dpi));
 }
 
 Box PlaceAgain(const Box& saved)

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "controls/CDpi.h"
-#include "demo/detail/Geometry.h"
+#include "demo/detail/ViewPlaces.h"
 
 #include <afxwin.h>
 
@@ -14,8 +14,11 @@ inline constexpr DWORD mainStyle = WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN;
 /** The size of the main window around a client area, in pixels. @param width, height  in units */
 CSize FrameAround(int width, int height, CDpi dpi) noexcept;
 
-/** Where a window that was never open goes: the middle of the main screen. */
+/** Where the main window goes when it was never open: onto the main screen, with room for the views. */
 Box FirstPlace() noexcept;
+
+/** Where the views go that were never open. @param bridge  the main window, pixels */
+ViewPlaces FirstPlacesOfViews(const Box& bridge, CDpi dpi) noexcept;
 
 /** Where a window goes that was last open at `saved`: there, as far as the monitors of today allow it. */
 Box PlaceAgain(const Box& saved);

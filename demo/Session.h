@@ -11,6 +11,7 @@
 
 #include <cstddef>
 #include <string>
+#include <vector>
 
 namespace demo
 {
@@ -26,14 +27,16 @@ struct Session {
     double rate = 1.0;     ///< seconds of the tape in a second
     bool scripted = false; ///< the program tries its own controls
     CString outDir;        ///< where pictures go, with a backslash at the end
+    CString boatFile;      ///< the boat's model
 
     ShownValues values{};
     std::wstring origin{}; ///< where the sentences come from, as it is shown
     int paused = 0;
     std::size_t alarms = 0; ///< how many have begun
     std::size_t frames = 0;
-    bool failed = false; ///< the script did
-    bool pictureSaved = false;
+    bool failed = false;                  ///< the script did
+    bool picturesSaved = true;            ///< every one that was to be left at the end
+    std::vector<std::wstring> pictures{}; ///< names of those that were
 
     /** What the panels show now. */
     View Shown() const;
@@ -42,8 +45,13 @@ struct Session {
     void Apply();
 };
 
-/** Name of the picture that is left at the end. */
+/** @name Pictures that are left at the end: the bridge, everything on the screen, and the views that are open
+ *  @{ */
 inline constexpr const wchar_t* pictureName = L"demo.png";
+inline constexpr const wchar_t* screenName = L"screen.png";
+inline constexpr const wchar_t* chartName = L"chart.png";
+inline constexpr const wchar_t* orbitName = L"orbit.png";
+/** @} */
 
 /** Information message: the session or its settings have changed. Its data is the session. */
 inline constexpr int sessionInfo = 7001;

@@ -90,6 +90,14 @@ void CSetupWnd::AddDisplay()
     Check(category, L"US customary units", settings.units,
           L"Shows feet and degrees Fahrenheit instead of metres and degrees Celsius. Key: U");
 
+    const auto window = [&](const wchar_t* caption, int& open, const wchar_t* tip) {
+        CECtrl& check = Field(*category.InsCtrl(rowWidth / 2, CECtrl::typeCheck, open), tip);
+        check.text = caption;
+    };
+    window(L"Chart", settings.chart.open, L"Shows the window with the chart. Key: C");
+    window(L"Orbit view", settings.orbit.open, L"Shows the window with the boat. Key: O");
+    category.NewLn();
+
     CECtrl& span = Edit(category, L"Depth graph", settings.depthSpan,
                         L"How much of the past the depth graph shows. Key: D", fieldWidth);
     span.SetRange(DemoSettings::leastSpan, DemoSettings::mostSpan);

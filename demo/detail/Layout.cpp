@@ -24,7 +24,7 @@ constexpr int mostDock = 240;
 constexpr double threeShares[] = {0.40, 0.28, 0.32}; // of the instruments' width
 constexpr double twoShares[] = {0.48, 0.52};
 constexpr int leastThree = 850;  // width for three consoles in a row
-constexpr int setupHeight = 660; // of all sections, open, and the caption
+constexpr int setupHeight = 686; // of all sections, open, and the caption
 
 void PlaceInstruments(Layout& layout, const Box& area) noexcept
 {

@@ -26,6 +26,7 @@ struct Layout {
 
     static constexpr int designWidth = 1500;
     static constexpr int designHeight = 980;
+    static constexpr int wholeHeight = 808; ///< from which the set-up shows all of its sections
     static constexpr int leastWidth = 1040; ///< a smaller area is not fit to be read
     static constexpr int leastHeight = 680;
 

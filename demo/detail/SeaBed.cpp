@@ -12,6 +12,7 @@ namespace
 {
 
 constexpr float leastWeight = 0.02F; // below it a mean would hang on one far sounding
+constexpr float sureWeight = 8.0F;
 
 int TileIndex(int cell) noexcept
 {
@@ -72,12 +73,15 @@ void SeaBed::Add(const GroundPoint& place, double depth)
     }
 }
 
-double SeaBed::DepthAt(int column, int row) const
+SeaBed::Cell SeaBed::CellAt(int column, int row) const
 {
     const auto found = m_tiles.find({TileIndex(column), TileIndex(row)});
-    if (found == m_tiles.end())
-        return missing;
-    const Cell& cell = found->second.cells[CellIndex(column, row)];
+    return found != m_tiles.end() ? found->second.cells[CellIndex(column, row)] : Cell{};
+}
+
+double SeaBed::DepthAt(int column, int row) const
+{
+    const Cell cell = CellAt(column, row);
     return cell.weight > leastWeight ? static_cast<double>(cell.sum / cell.weight) : missing;
 }
 
@@ -118,9 +122,10 @@ SeaBed::Tile SeaBed::Surface(const Key& key) const
                 return static_cast<float>(
                     IsMissing(after) || IsMissing(before) ? 0.0 : (after - before) / (2.0 * mesh));
             };
+            const float surety = std::min(CellAt(left + x, bottom + y).weight / sureWeight, 1.0F);
             number(x, y) = static_cast<std::uint32_t>(tile.vertices.size());
             tile.vertices.push_back({static_cast<float>(x * mesh), static_cast<float>(y * mesh),
-                                     static_cast<float>(depth), slope(1, 0), slope(0, 1)});
+                                     static_cast<float>(depth), surety, slope(1, 0), slope(0, 1)});
         }
     }
     const auto add = [&](std::uint32_t a, std::uint32_t b, std::uint32_t c) {

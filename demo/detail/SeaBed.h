@@ -27,6 +27,7 @@ public:
     struct Vertex {
         float x, y; ///< from the tile's origin
         float depth;
+        float surety;    ///< 0 where the last sounding is almost out of reach, 1 where there are enough
         float slopeEast; ///< change of the depth for each metre
         float slopeNorth;
     };
@@ -68,6 +69,7 @@ private:
     };
 
     Sums* TileOf(int column, int row);
+    Cell CellAt(int column, int row) const;
 
     std::map<Key, Sums> m_tiles;
     double m_shallowest = 0.0;

@@ -5,10 +5,10 @@ namespace demo
 namespace
 {
 
-/** The visible, enabled window at a point of the screen, inside a main window. */
-HWND WindowAt(HWND main, POINT screen)
+/** The visible, enabled window at a point of the screen, inside a window that has no parent. */
+HWND WindowAt(HWND top, POINT screen)
 {
-    HWND at = main;
+    HWND at = top;
     for (;;) {
         POINT point = screen;
         ::ScreenToClient(at, &point);
@@ -70,16 +70,16 @@ bool CInput::Move()
 {
     if (m_queue.empty())
         return false;
-    if (std::visit([this](const auto& action) { return Do(action); }, m_queue.front()))
+    if (std::visit([](const auto& action) { return Do(action); }, m_queue.front()))
         m_queue.pop_front();
     return true;
 }
 
-bool CInput::Do(const Press& press) const
+bool CInput::Do(const Press& press)
 {
     POINT screen = press.from;
     press.wnd->ClientToScreen(&screen);
-    const HWND wnd = WindowAt(m_main.m_hWnd, screen);
+    const HWND wnd = WindowAt(::GetAncestor(press.wnd->m_hWnd, GA_ROOT), screen);
     if (!wnd || (wnd != press.wnd->m_hWnd && !::IsChild(press.wnd->m_hWnd, wnd))) {
         ScrollTowards(*press.wnd, screen);
         return false;
@@ -88,12 +88,24 @@ bool CInput::Do(const Press& press) const
     ::MapWindowPoints(press.wnd->m_hWnd, wnd, points, 2);
     const LPARAM from = MAKELPARAM(points[0].x, points[0].y);
     const LPARAM to = MAKELPARAM(points[1].x, points[1].y);
+    const bool isLeft = press.button == Button::Left;
+    const WPARAM held = isLeft ? MK_LBUTTON : MK_RBUTTON;
     ::PostMessageW(wnd, WM_MOUSEMOVE, 0, from);
-    ::PostMessageW(wnd, WM_LBUTTONDOWN, MK_LBUTTON, from);
+    ::PostMessageW(wnd, isLeft ? WM_LBUTTONDOWN : WM_RBUTTONDOWN, held, from);
     if (to != from)
-        ::PostMessageW(wnd, WM_MOUSEMOVE, MK_LBUTTON, to);
-    ::PostMessageW(wnd, WM_LBUTTONUP, 0, to);
+        ::PostMessageW(wnd, WM_MOUSEMOVE, held, to);
+    ::PostMessageW(wnd, isLeft ? WM_LBUTTONUP : WM_RBUTTONUP, 0, to);
     ::PostMessageW(wnd, WM_MOUSELEAVE, 0, 0); // the hand goes on to the next thing
+    return true;
+}
+
+bool CInput::Do(const Turn& turn)
+{
+    CRect place;
+    turn.wnd->GetWindowRect(&place);
+    const CPoint middle = place.CenterPoint();
+    ::PostMessageW(turn.wnd->m_hWnd, WM_MOUSEWHEEL, MAKEWPARAM(0, turn.notches * WHEEL_DELTA),
+                   MAKELPARAM(middle.x, middle.y));
     return true;
 }
 

@@ -15,11 +15,8 @@ namespace demo
 class CInput
 {
 public:
-    /** @param main  the window in which everything is */
-    explicit CInput(CWnd& main)
-        : m_main(main)
-    {
-    }
+    /** What a drag holds down. */
+    enum class Button { Left, Right };
 
     /** Clicks a point of a window, in pixels of its client area. While another window covers it, the hands
      * wait. */
@@ -27,7 +24,13 @@ public:
     /** Clicks the middle of a window. */
     void Click(CWnd& wnd);
     /** Presses the button at one point, moves and releases it at another; waits as Click() does. */
-    void Drag(CWnd& wnd, CPoint from, CPoint to) { m_queue.push_back(Press{&wnd, from, to}); }
+    void Drag(CWnd& wnd, CPoint from, CPoint to, Button button = Button::Left)
+    {
+        m_queue.push_back(Press{&wnd, from, to, button});
+    }
+    /** Turns the wheel over the middle of a window. @param notches  away from the user, or towards him if
+     * negative */
+    void Wheel(CWnd& wnd, int notches) { m_queue.push_back(Turn{&wnd, notches}); }
     /** Lets the mouse rest over the middle of a window: the one thing for which the real mouse moves, because
      * the system itself looks where it is. */
     void Hover(CWnd& wnd) { m_queue.push_back(Rest{&wnd}); }
@@ -48,6 +51,11 @@ private:
         CWnd* wnd;
         CPoint from;
         CPoint to;
+        Button button;
+    };
+    struct Turn {
+        CWnd* wnd;
+        int notches;
     };
     struct Rest {
         CWnd* wnd;
@@ -55,14 +63,14 @@ private:
     struct Stroke {
         UINT key;
     };
-    using Action = std::variant<Press, Rest, Stroke, wchar_t>;
+    using Action = std::variant<Press, Turn, Rest, Stroke, wchar_t>;
 
-    bool Do(const Press& press) const;
+    static bool Do(const Press& press);
+    static bool Do(const Turn& turn);
     static bool Do(const Rest& rest);
     static bool Do(const Stroke& stroke);
     static bool Do(wchar_t character);
 
-    CWnd& m_main;
     std::deque<Action> m_queue;
 };
 

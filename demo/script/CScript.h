@@ -1,5 +1,7 @@
 #pragma once
 
+#include "demo/CChartWnd.h"
+#include "demo/COrbitWnd.h"
 #include "demo/CSetupWnd.h"
 #include "demo/script/CInput.h"
 
@@ -13,6 +15,9 @@ struct Stage {
     Session& session;
     CVantWnd& bridge;
     CSetupWnd& setup;
+    CChartWnd& chart;
+    COrbitWnd& orbit;
+    Scene& scene;
     CInput& hands;
     double before = 0.0; ///< what an act found when it began
 };

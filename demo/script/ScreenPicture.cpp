@@ -7,10 +7,15 @@ namespace demo
 
 bool SaveSeen(CWnd& wnd, const CString& path)
 {
-    constexpr int bitsPerPixel = 24;
     wnd.RedrawWindow(nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
     CRect place;
     wnd.GetWindowRect(&place);
+    return SaveScreen(place, path);
+}
+
+bool SaveScreen(const CRect& place, const CString& path)
+{
+    constexpr int bitsPerPixel = 24;
     CImage image;
     if (!image.Create(place.Width(), place.Height(), bitsPerPixel))
         return false;

@@ -9,4 +9,7 @@ namespace demo
  * out. @return whether it could be saved */
 bool SaveSeen(CWnd& wnd, const CString& path);
 
+/** Saves what a user sees of a part of the screen. @return whether it could be saved */
+bool SaveScreen(const CRect& place, const CString& path);
+
 } // namespace demo

@@ -219,8 +219,9 @@ TEST_F(DemoRun, LeavesPictureSettingsAndLogAndNothingElse)
     std::set<std::string> files;
     for (const fs::directory_entry& entry : fs::recursive_directory_iterator(m_dir))
         files.insert(entry.path().filename().string());
-    EXPECT_EQ((std::set<std::string>{"out", "demo.png", "demo.log", "VantDemo.xml", "Logs", "Console.csv",
-                                     "Comms.csv", "stdout.txt", "stderr.txt"}),
+    EXPECT_EQ((std::set<std::string>{"out", "demo.png", "screen.png", "chart.png", "orbit.png", "demo.log",
+                                     "VantDemo.xml", "Logs", "Console.csv", "Comms.csv", "stdout.txt",
+                                     "stderr.txt"}),
               files);
     EXPECT_THAT(Contents(m_dir / "out" / "Logs" / "Comms.csv"), HasSubstr("$GPGGA,"));
 }
@@ -311,10 +312,11 @@ TEST_F(DemoRun, TheScriptPassesAndWhatItSetIsRestored)
             EXPECT_THAT(line, testing::EndsWith(" ... ok"));
             ++passed;
         }
-        EXPECT_GE(passed, 20U);
+        EXPECT_GE(passed, 35U);
     }
-    for (const char* const picture : {"step-invalid.png", "step-message.png", "step-alarm.png",
-                                      "step-category.png", "step-units.png", "step-dial.png", "demo.png"})
+    for (const char* const picture :
+         {"step-invalid.png", "step-message.png", "step-alarm.png", "step-category.png", "step-units.png",
+          "step-dial.png", "step-course-up.png", "step-views.png", "demo.png"})
         EXPECT_TRUE(fs::exists(m_dir / picture)) << picture;
     EXPECT_THAT(Contents(m_dir / "Logs" / "Alarms.csv"),
                 HasSubstr("Incorrect Text: Not in user specified range 0 to 1000"));
@@ -358,7 +360,7 @@ TEST_F(DemoRun, KeysChangeTheDisplayAndAreRemembered)
     Program program(m_dir, L"--seconds 0 --out .");
     const HWND wnd = program.Window();
     ASSERT_TRUE(wnd);
-    for (const wchar_t key : {L'h', L'd', L'u', L' ', L'+', L's'})
+    for (const wchar_t key : {L'h', L'd', L'u', L' ', L'+', L'c', L's'})
         ::PostMessageW(wnd, WM_CHAR, key, 1);
     ::PostMessageW(wnd, WM_KEYDOWN, VK_ESCAPE, 1);
     ASSERT_EQ(0, program.ExitCode()) << program.Err();
@@ -368,4 +370,8 @@ TEST_F(DemoRun, KeysChangeTheDisplayAndAreRemembered)
     EXPECT_EQ("1", Item(settings, "Units"));
     EXPECT_EQ("2", Item(settings, "ImgInd"));
     EXPECT_TRUE(fs::exists(m_dir / "picture-001.png"));
+    EXPECT_EQ("0", Item(settings, "ChartOpen"));
+    EXPECT_EQ("1", Item(settings, "OrbitOpen"));
+    EXPECT_FALSE(fs::exists(m_dir / "chart.png")) << "it was not open";
+    EXPECT_TRUE(fs::exists(m_dir / "orbit.png"));
 }

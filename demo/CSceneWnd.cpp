@@ -1,0 +1,224 @@
+#include "demo/CSceneWnd.h"
+
+#include "demo/Palette.h"
+#include "demo/ScreenPlace.h"
+#include "demo/script/ScreenPicture.h"
+#include "display/CDspMHit.h"
+#include "display/CDspMInf.h"
+#include "platform/Vant.h"
+
+#include <atlimage.h>
+
+#include <algorithm>
+#include <iterator>
+
+#include <GL/gl.h>
+
+namespace demo
+{
+namespace
+{
+
+constexpr DWORD viewStyle = WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_THICKFRAME | WS_CLIPCHILDREN;
+
+/** @name Of the note in the upper left corner, units @{ */
+constexpr double noteSize = 14.0;
+constexpr double noteGap = 10.0;
+constexpr double linePitch = 18.0;
+/** @} */
+
+constexpr int pictureWidth = 1280; // pixels
+constexpr int pictureHeight = 800;
+
+void Plate(double left, double bottom, double right, double top)
+{
+    const COLORREF colour = Vant::back;
+    constexpr GLubyte opacity = 176;
+    glColor4ub(GetRValue(colour), GetGValue(colour), GetBValue(colour), opacity);
+    glRectd(left, bottom, right, top);
+}
+
+} // namespace
+
+IMPLEMENT_DYNAMIC(CSceneWnd, CDsp)
+
+BEGIN_MESSAGE_MAP(CSceneWnd, CDsp)
+    ON_WM_CREATE()
+    ON_WM_DESTROY()
+    ON_WM_CLOSE()
+    ON_WM_MOVE()
+    ON_WM_SIZE()
+    ON_WM_LBUTTONDOWN()
+    ON_WM_MBUTTONDOWN()
+    ON_WM_KEYDOWN()
+END_MESSAGE_MAP()
+
+CSceneWnd::CSceneWnd(const wchar_t* wndName, const wchar_t* title, Session& session, Scene& scene,
+                     ViewPlace& place)
+    : m_session(session)
+    , m_scene(scene)
+    , m_place(place)
+    , m_title(title)
+{
+    CVantWnd::name = wndName;
+    lightsInScene = 1;
+    FollowBoat(true);
+}
+
+bool CSceneWnd::Open(CWnd& owner, const Box& first)
+{
+    const bool isSaved = m_place.box.Width() > 0 && m_place.box.Height() > 0;
+    const Box box = isSaved ? PlaceAgain(m_place.box) : first;
+    return CreateEx(0, Vant::wndClass, m_title, viewStyle, RectOf(box), &owner, 0) != FALSE;
+}
+
+void CSceneWnd::ShowAsSet()
+{
+    if ((m_place.open != 0) == (IsWindowVisible() != FALSE))
+        return;
+    // The keyboard stays where it is.
+    ShowWindow(m_place.open ? SW_SHOWNA : SW_HIDE);
+    if (!m_place.open && ::GetFocus() == m_hWnd)
+        GetParent()->SetFocus();
+    NotePlace();
+}
+
+void CSceneWnd::FollowBoat(bool follows)
+{
+    if (follows)
+        Follow(CString(Scene::boatPos));
+    else
+        Follow(nullptr);
+    NeedDraw();
+}
+
+int CSceneWnd::OnCreate(LPCREATESTRUCT create)
+{
+    if (CDsp::OnCreate(create) == -1)
+        return -1;
+    s_pollRx.AddTail(this);
+    s_infoRx.AddTail(this);
+    return 0;
+}
+
+void CSceneWnd::OnDestroy()
+{
+    s_pollRx.RemoveAt(s_pollRx.Find(this));
+    s_infoRx.RemoveAt(s_infoRx.Find(this));
+    CDsp::OnDestroy();
+}
+
+void CSceneWnd::OnClose()
+{
+    m_place.open = 0;
+    InfoMsg(sessionInfo, &m_session);
+}
+
+void CSceneWnd::OnPoll(double t)
+{
+    CDsp::OnPoll(t);
+    SetCourse(m_scene.Boat().Now().heading);
+}
+
+void CSceneWnd::OnInfoMsg(int msg, void*)
+{
+    if (msg != sessionInfo)
+        return;
+    ShowAsSet();
+    NeedDraw(); // units may have changed
+}
+
+void CSceneWnd::NotePlace()
+{
+    if (!m_hWnd || !IsWindowVisible() || IsIconic())
+        return;
+    CRect rect;
+    GetWindowRect(&rect);
+    m_place.box = BoxOf(rect);
+}
+
+void CSceneWnd::OnMove(int toX, int toY)
+{
+    CDsp::OnMove(toX, toY);
+    NotePlace();
+}
+
+void CSceneWnd::OnSize(UINT type, int cx, int cy)
+{
+    CDsp::OnSize(type, cx, cy);
+    NotePlace();
+}
+
+void CSceneWnd::OnLButtonDown(UINT flags, CPoint point)
+{
+    if (mouseMode == mousePan)
+        FollowBoat(false);
+    CDsp::OnLButtonDown(flags, point);
+}
+
+void CSceneWnd::OnMButtonDown(UINT flags, CPoint point)
+{
+    FollowBoat(false);
+    CDsp::OnMButtonDown(flags, point);
+}
+
+void CSceneWnd::OnKeyDown(UINT key, UINT repeats, UINT flags)
+{
+    if (key == 'F')
+        FollowBoat(true);
+    else
+        CDsp::OnKeyDown(key, repeats, flags);
+}
+
+void CSceneWnd::OnPick(CDspMInf& inf, int how)
+{
+    if (how == pickDblClick)
+        return;
+    m_picked = inf.count > 0 ? inf.hits.GetHead()->text : CString();
+    NeedDraw();
+}
+
+void CSceneWnd::DrawOverlay()
+{
+    CDsp::DrawOverlay();
+    const CString follows = IsFollowing() ? L"follows the boat" : L"F follows the boat";
+    const CString lines[] = {Note() + L",  " + follows, m_picked};
+    double top = OverlaySize().y - noteGap;
+    for (const CString& line : lines) {
+        if (line.IsEmpty())
+            continue;
+        const double width = OverlayTxtWidth(line, noteSize);
+        Plate(noteGap - 4, top - linePitch, noteGap + width + 6, top);
+        OverlayTxt(noteGap, top - linePitch / 2, line, &line == &lines[0] ? Vant::light : Vant::cyan,
+                   noteSize, alignLeft | alignMiddle);
+        top -= linePitch + 2;
+    }
+}
+
+void CSceneWnd::SetLight(int number, COLORREF colour, double ambientShare, const CV3& from)
+{
+    CDspLight& light = lights[number];
+    light.on = 1;
+    light.ambientInt = ambientShare;
+    light.ConfigureColour(colour);
+    const double place[] = {from.x, from.y, from.z, 0};
+    std::transform(std::begin(place), std::end(place), light.position,
+                   [](double part) { return static_cast<float>(part); });
+}
+
+bool CSceneWnd::SavePicture(const CString& path)
+{
+    return SaveDrawn(path) || SaveSeen(*this, path);
+}
+
+bool CSceneWnd::SaveDrawn(const CString& path)
+{
+    constexpr int bitsPerPixel = 32;
+    CClientDC dc(this);
+    if (PbWidth() == 0 && !InitPB(dc, pictureWidth, pictureHeight))
+        return false;
+    CImage image;
+    return image.Create(PbWidth(), PbHeight(), bitsPerPixel) && CapPB(image) && SUCCEEDED(image.Save(path));
+}
+
+} // namespace demo

@@ -1,0 +1,73 @@
+#pragma once
+
+#include "demo/Session.h"
+#include "demo/scene/Scene.h"
+#include "display/CDsp.h"
+
+namespace demo
+{
+
+/** A view of the scene in a window of its own that belongs to the bridge: it lies over it, goes to the
+ *  taskbar with it, and is hidden when the user closes it. The boat stays in its middle until the user takes
+ * hold of the view; F follows the boat again. */
+class CSceneWnd : public CDsp
+{
+    DECLARE_DYNAMIC(CSceneWnd)
+
+public:
+    /** @param place  what is remembered of this window; outlives it */
+    CSceneWnd(const wchar_t* wndName, const wchar_t* title, Session& session, Scene& scene, ViewPlace& place);
+
+    /** Makes the window, hidden, where it was left. @param first  where it goes if it was never open, pixels
+     */
+    bool Open(CWnd& owner, const Box& first);
+
+    /** Shows or hides it, as the user last had it. */
+    void ShowAsSet();
+
+    /** Follows the boat, or no longer. */
+    void FollowBoat(bool follows);
+    bool IsFollowing() const { return Followed() != nullptr; }
+
+    /** What the user picked last; empty for nothing. */
+    const CString& Picked() const noexcept { return m_picked; }
+
+    /** Saves a picture of the scene, drawn for it in its own size; what the screen shows where the driver
+     * cannot do that. @return whether it could be saved */
+    bool SavePicture(const CString& path);
+
+    void OnPoll(double t) override;
+    void OnInfoMsg(int msg, void* data) override;
+    void DrawOverlay() override;
+    void OnPick(CDspMInf& inf, int how) override;
+
+protected:
+    /** What the view's note says besides of what it follows. */
+    virtual CString Note() const = 0;
+    /** The lights' shared colours. */
+    void SetLight(int number, COLORREF colour, double ambientShare, const CV3& from);
+
+    Scene& SceneOf() noexcept { return m_scene; }
+
+    afx_msg int OnCreate(LPCREATESTRUCT create);
+    afx_msg void OnDestroy();
+    afx_msg void OnClose();
+    afx_msg void OnMove(int toX, int toY);
+    afx_msg void OnSize(UINT type, int cx, int cy);
+    afx_msg void OnLButtonDown(UINT flags, CPoint point);
+    afx_msg void OnMButtonDown(UINT flags, CPoint point);
+    afx_msg void OnKeyDown(UINT key, UINT repeats, UINT flags);
+    DECLARE_MESSAGE_MAP()
+
+private:
+    void NotePlace();
+    bool SaveDrawn(const CString& path);
+
+    Session& m_session;
+    Scene& m_scene;
+    ViewPlace& m_place;
+    CString m_title;
+    CString m_picked;
+};
+
+} // namespace demo

@@ -1,0 +1,114 @@
+#include "demo/scene/CSeaBedMdl.h"
+
+#include "demo/Palette.h"
+#include "display/CDsp.h"
+#include "display/CMdlInf.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <vector>
+
+#include <GL/gl.h>
+
+namespace demo
+{
+namespace
+{
+
+constexpr COLORREF shallowColour = RGB(92, 176, 172);
+constexpr COLORREF deepColour = RGB(14, 46, 100);
+constexpr double leastSpan = 4.0; // metres of depth from one colour to the other
+constexpr float relief = 4.0F;    // slopes are shaded as if they were so much steeper: real ones hardly show
+
+/** A corner as OpenGL takes it. */
+struct Corner {
+    float place[3];
+    float normal[3];
+    GLubyte colour[4];
+};
+
+Corner CornerOf(const SeaBed::Vertex& vertex, COLORREF colour)
+{
+    return {{vertex.x, vertex.y, -vertex.depth},
+            {vertex.slopeEast * relief, vertex.slopeNorth * relief, 1.0F},
+            {GetRValue(colour), GetGValue(colour), GetBValue(colour),
+             static_cast<GLubyte>(std::lround(vertex.surety * 255.0F))}};
+}
+
+} // namespace
+
+CSeaBedMdl::CSeaBedMdl()
+{
+    selectable = 0;
+    mtrl.specular = {0, 0, 0};
+}
+
+void CSeaBedMdl::Take(SeaBed& bed)
+{
+    for (const SeaBed::Key& key : bed.TakeChanged())
+        m_tiles[key] = bed.Surface(key);
+    m_shallowest = bed.Shallowest();
+    m_deepest = bed.Deepest();
+    ModelChanged(0);
+}
+
+void CSeaBedMdl::Clear()
+{
+    m_tiles.clear();
+    ModelChanged(0);
+}
+
+void CSeaBedMdl::Draw(CDsp& dsp)
+{
+    const double middle = (m_shallowest + m_deepest) / 2;
+    const double span = std::max(m_deepest - m_shallowest, leastSpan);
+    const auto colourOf = [&](double depth) {
+        return Mix(shallowColour, deepColour, std::clamp((depth - middle) / span + 0.5, 0.0, 1.0));
+    };
+    glColorMaterial(GL_FRONT_AND_BACK, GL_AMBIENT_AND_DIFFUSE);
+    glEnable(GL_COLOR_MATERIAL);
+    glEnable(GL_BLEND);
+    glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
+    glEnableClientState(GL_VERTEX_ARRAY);
+    glEnableClientState(GL_NORMAL_ARRAY);
+    glEnableClientState(GL_COLOR_ARRAY);
+    std::vector<Corner> corners;
+    for (const auto& [key, tile] : m_tiles) {
+        if (tile.triangles.empty())
+            continue;
+        corners.clear();
+        for (const SeaBed::Vertex& vertex : tile.vertices)
+            corners.push_back(CornerOf(vertex, colourOf(static_cast<double>(vertex.depth))));
+        dsp.PushOrg({tile.origin.east, tile.origin.north, 0});
+        glVertexPointer(3, GL_FLOAT, sizeof(Corner), corners.front().place);
+        glNormalPointer(GL_FLOAT, sizeof(Corner), corners.front().normal);
+        glColorPointer(4, GL_UNSIGNED_BYTE, sizeof(Corner), corners.front().colour);
+        glDrawElements(GL_TRIANGLES, static_cast<GLsizei>(tile.triangles.size()), GL_UNSIGNED_INT,
+                       tile.triangles.data());
+        dsp.PopOrg();
+    }
+    glDisableClientState(GL_COLOR_ARRAY);
+    glDisableClientState(GL_NORMAL_ARRAY);
+    glDisableClientState(GL_VERTEX_ARRAY);
+}
+
+void CSeaBedMdl::GetInf(CMdlInf& inf)
+{
+    constexpr double tileSize = SeaBed::mesh * SeaBed::tileSide;
+    inf.name = L"Sea bed";
+    inf.kind = L"Surface";
+    for (const auto& [key, tile] : m_tiles) {
+        const CV3 low(tile.origin.east, tile.origin.north, -m_deepest);
+        const CV3 high(low.x + tileSize, low.y + tileSize, -m_shallowest);
+        if (!inf.hasExt) {
+            inf.lower = low;
+            inf.upper = high;
+        }
+        inf.hasExt = 1;
+        inf.lower = {std::min(inf.lower.x, low.x), std::min(inf.lower.y, low.y), low.z};
+        inf.upper = {std::max(inf.upper.x, high.x), std::max(inf.upper.y, high.y), high.z};
+    }
+}
+
+} // namespace demo

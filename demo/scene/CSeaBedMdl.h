@@ -1,0 +1,32 @@
+#pragma once
+
+#include "demo/detail/SeaBed.h"
+#include "display/CMdl.h"
+
+#include <map>
+
+namespace demo
+{
+
+/** The sea bed as it was sounded: a surface in the light, coloured by its depth, that fades where soundings
+ * end. */
+class CSeaBedMdl : public CMdl
+{
+public:
+    CSeaBedMdl();
+
+    /** Takes over what has changed of the bed. */
+    void Take(SeaBed& bed);
+    /** Forgets all. */
+    void Clear();
+
+    void Draw(CDsp& dsp) override;
+    void GetInf(CMdlInf& inf) override;
+
+private:
+    double m_shallowest = 0.0;
+    double m_deepest = 0.0;
+    std::map<SeaBed::Key, SeaBed::Tile> m_tiles;
+};
+
+} // namespace demo
