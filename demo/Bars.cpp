@@ -94,10 +94,11 @@ void PaintFooter(CPainter& painter, const Box& box, const View& view)
         {L"D", L"depth span"},
         {L"U", EUnits::system == 0 ? L"to US units" : L"to metric units"},
         {L"C", L"chart"},
-        {L"O", L"orbit view"},
-        {L"S", L"save picture"},
-        {L"F6", L"next window"},
-        {L"Tab", L"next control"},
+        {L"O", L"orbit"},
+        {L"P", L"palette"},
+        {L"S", L"picture"},
+        {L"F6", L"window"},
+        {L"Tab", L"control"},
         {L"Esc", L"close"},
     };
     FontSet& fonts = painter.Fonts();

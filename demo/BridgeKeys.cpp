@@ -41,26 +41,23 @@ bool CBridge::TakeKey(UINT key)
         GoToNextWindow();
         return true;
     }
-    if (key == VK_ESCAPE && FocusedView() && !::GetCapture()) { // else it ends what the mouse does there
-        SetFocus();
-        return true;
-    }
-    if (key != VK_ESCAPE || IsInControl())
-        return false;
+    const CVantWnd* const view = dynamic_cast<CSceneWnd*>(FocusedPopup());
+    if (key != VK_ESCAPE || (view ? ::GetCapture() != nullptr : IsInControl()))
+        return false; // in a view it ends what the mouse does there
     // One level at a time: out of a docked window first, so that leaving a field twice closes nothing.
-    if (FocusedGuest())
+    if (FocusedGuest() || FocusedPopup())
         SetFocus();
     else
         PostMessage(WM_CLOSE);
     return true;
 }
 
-CSceneWnd* CBridge::FocusedView()
+CVantWnd* CBridge::FocusedPopup()
 {
     const HWND focus = ::GetFocus();
-    for (CSceneWnd* const view : Views())
-        if (focus && view->m_hWnd == focus)
-            return view;
+    for (CVantWnd* const popup : Popups())
+        if (focus && (popup->m_hWnd == focus || ::IsChild(popup->m_hWnd, focus)))
+            return popup;
     return nullptr;
 }
 
@@ -92,10 +89,10 @@ void CBridge::GoToNextWindow()
     for (const auto& dock : m_docks)
         if (&dock->Guest() != &m_setup && dock->IsWindowVisible())
             windows.push_back(&dock->Guest());
-    for (CSceneWnd* const view : Views())
-        if (view->IsWindowVisible())
-            windows.push_back(view);
-    CWnd* const focused = FocusedView() ? static_cast<CWnd*>(FocusedView()) : FocusedGuest();
+    for (CVantWnd* const popup : Popups())
+        if (popup->IsWindowVisible())
+            windows.push_back(popup);
+    CWnd* const focused = FocusedPopup() ? FocusedPopup() : FocusedGuest();
     const auto current = std::ranges::find(windows, focused);
     const auto index = current != windows.end() ? current - windows.begin() : 0;
     windows[static_cast<std::size_t>(index + 1) % windows.size()]->SetFocus();

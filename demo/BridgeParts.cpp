@@ -80,7 +80,12 @@ bool CBridge::OpenViews()
     CRect place;
     GetWindowRect(&place);
     const ViewPlaces first = FirstPlacesOfViews(BoxOf(place), Dpi());
-    return m_chart.Open(*this, first.chart) && m_orbit.Open(*this, first.orbit);
+    if (!m_colours.Open(*this, first.colours) || !m_chart.Open(*this, first.chart) ||
+        !m_orbit.Open(*this, first.orbit))
+        return false;
+    for (CSceneWnd* const view : Views())
+        m_colours.Pal().AttachWnd(view);
+    return true;
 }
 
 void CBridge::LayoutWnd(int quiet)

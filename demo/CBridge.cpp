@@ -39,7 +39,8 @@ END_MESSAGE_MAP()
 CBridge::CBridge(Session& session)
     : m_session(session)
     , m_setup(session)
-    , m_scene(session.playback, session.boatFile)
+    , m_colours(session)
+    , m_scene(session.playback, m_colours.Pal(), session.boatFile)
     , m_chart(session, m_scene)
     , m_orbit(session, m_scene)
 {
@@ -71,11 +72,12 @@ bool CBridge::Open()
     ShowWindow(m_session.settings.maximised ? SW_SHOWMAXIMIZED : SW_SHOWNORMAL);
     UpdateWindow();
     for (CSceneWnd* const view : Views())
-        view->ShowAsSet();
+        view->Frame().ShowAsSet();
+    m_colours.Frame().ShowAsSet();
     SetFocus();
     if (m_session.scripted)
         m_script = std::make_unique<CScript>(
-            Stage{m_session, *this, m_setup, m_chart, m_orbit, m_scene, m_hands}, AllActs());
+            Stage{m_session, *this, m_setup, m_chart, m_orbit, m_colours, m_scene, m_hands}, AllActs());
     m_last = Clock::now();
     SetTimer(frameTimer, frameInterval);
     return true;
@@ -123,6 +125,7 @@ void CBridge::Tick(double step)
     ReportEvents();
     m_session.values.Take(m_session.playback);
     m_scene.Take(m_elapsed);
+    m_session.crossTrack = m_scene.CrossTrack();
     Poll(m_elapsed);
     ++m_session.frames;
     CECtrl::UpdateAuCtrls(m_elapsed);
@@ -174,14 +177,17 @@ void CBridge::SavePictures()
     };
     CRect seen;
     GetWindowRect(&seen);
+    for (const CVantWnd* const popup : Popups()) {
+        CRect place;
+        popup->GetWindowRect(&place);
+        if (popup->IsWindowVisible())
+            seen.UnionRect(&seen, &place);
+    }
     for (CSceneWnd* const view : Views()) {
         if (!view->IsWindowVisible())
             continue;
         const wchar_t* const file = view == &m_chart ? chartName : orbitName;
         note(view->SavePicture(m_session.outDir + file), file);
-        CRect place;
-        view->GetWindowRect(&place);
-        seen.UnionRect(&seen, &place);
         view->RedrawWnd();
     }
     note(SavePicture(m_session, pictureName), pictureName);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "demo/CChartWnd.h"
+#include "demo/CColoursWnd.h"
 #include "demo/CDockWnd.h"
 #include "demo/COrbitWnd.h"
 #include "demo/CSetupWnd.h"
@@ -57,7 +58,8 @@ private:
     void GoToNextWindow();
     bool OpenViews();
     std::array<CSceneWnd*, 2> Views() { return {&m_chart, &m_orbit}; }
-    CSceneWnd* FocusedView(); // the view that has the keyboard, or null
+    std::array<CVantWnd*, 3> Popups() { return {&m_chart, &m_orbit, &m_colours}; }
+    CVantWnd* FocusedPopup(); // which has the keyboard, or null
     CVantWnd* FocusedGuest(); // the docked window that has the keyboard, or null
     void Tick(double step);
     void ReportEvents();
@@ -69,6 +71,7 @@ private:
     std::vector<std::unique_ptr<CPanelWnd>> m_panels; // in the order of Layout
     CSetupWnd m_setup;
     std::vector<std::unique_ptr<CDockWnd>> m_docks; // the consoles, then the set-up
+    CColoursWnd m_colours;
     Scene m_scene;
     CChartWnd m_chart;
     COrbitWnd m_orbit;

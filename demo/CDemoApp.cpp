@@ -1,5 +1,6 @@
 #include "demo/CDemoApp.h"
 
+#include "colour/CColTbl.h"
 #include "demo/Terminal.h"
 #include "demo/detail/Text.h"
 #include "platform/Vant.h"
@@ -40,6 +41,17 @@ fs::path DataFile(const wchar_t* name)
     const fs::path beside = ProgramDir() / L"data" / name;
     std::error_code error;
     return fs::exists(beside, error) ? beside : fs::path(L"demo") / L"data" / name;
+}
+
+/** The library's colour tables: beside the program, where they are installed, or in the source tree. */
+fs::path ColourTables()
+{
+    std::error_code error;
+    for (const fs::path& dir :
+         {ProgramDir() / L"clt", ProgramDir().parent_path() / L"share" / L"VantCore" / L"clt"})
+        if (fs::is_directory(dir, error))
+            return dir;
+    return fs::path(L"resources") / L"clt";
 }
 
 HICON LibraryIcon()
@@ -135,6 +147,7 @@ void CDemoApp::StartLibrary()
     Vant::inReplay = 1;
     Vant::Init();
     m_started = true;
+    CColTbl::EnumColTbls(ColourTables().make_preferred().c_str());
     for (CConsole* const console : std::initializer_list<CConsole*>{&Vant::csl, &Vant::comms, &Vant::alarm}) {
         console->maxEntries = keptLines;
         console->logTo = 1;

@@ -1,7 +1,6 @@
 #include "demo/CSceneWnd.h"
 
 #include "demo/Palette.h"
-#include "demo/ScreenPlace.h"
 #include "demo/script/ScreenPicture.h"
 #include "display/CDspMHit.h"
 #include "display/CDspMInf.h"
@@ -18,8 +17,6 @@ namespace demo
 {
 namespace
 {
-
-constexpr DWORD viewStyle = WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_THICKFRAME | WS_CLIPCHILDREN;
 
 /** @name Of the note in the upper left corner, units @{ */
 constexpr double noteSize = 14.0;
@@ -55,9 +52,8 @@ END_MESSAGE_MAP()
 
 CSceneWnd::CSceneWnd(const wchar_t* wndName, const wchar_t* title, Session& session, Scene& scene,
                      ViewPlace& place)
-    : m_session(session)
-    , m_scene(scene)
-    , m_place(place)
+    : m_scene(scene)
+    , m_frame(*this, session, place)
     , m_title(title)
 {
     CVantWnd::name = wndName;
@@ -67,20 +63,7 @@ CSceneWnd::CSceneWnd(const wchar_t* wndName, const wchar_t* title, Session& sess
 
 bool CSceneWnd::Open(CWnd& owner, const Box& first)
 {
-    const bool isSaved = m_place.box.Width() > 0 && m_place.box.Height() > 0;
-    const Box box = isSaved ? PlaceAgain(m_place.box) : first;
-    return CreateEx(0, Vant::wndClass, m_title, viewStyle, RectOf(box), &owner, 0) != FALSE;
-}
-
-void CSceneWnd::ShowAsSet()
-{
-    if ((m_place.open != 0) == (IsWindowVisible() != FALSE))
-        return;
-    // The keyboard stays where it is.
-    ShowWindow(m_place.open ? SW_SHOWNA : SW_HIDE);
-    if (!m_place.open && ::GetFocus() == m_hWnd)
-        GetParent()->SetFocus();
-    NotePlace();
+    return m_frame.Open(m_title, owner, first);
 }
 
 void CSceneWnd::FollowBoat(bool follows)
@@ -110,8 +93,7 @@ void CSceneWnd::OnDestroy()
 
 void CSceneWnd::OnClose()
 {
-    m_place.open = 0;
-    InfoMsg(sessionInfo, &m_session);
+    m_frame.Close();
 }
 
 void CSceneWnd::OnPoll(double t)
@@ -124,29 +106,25 @@ void CSceneWnd::OnInfoMsg(int msg, void*)
 {
     if (msg != sessionInfo)
         return;
-    ShowAsSet();
+    m_frame.ShowAsSet();
     NeedDraw(); // units may have changed
 }
 
-void CSceneWnd::NotePlace()
+void CSceneWnd::OnNfyWnd(CVantWnd*, int, void*)
 {
-    if (!m_hWnd || !IsWindowVisible() || IsIconic())
-        return;
-    CRect rect;
-    GetWindowRect(&rect);
-    m_place.box = BoxOf(rect);
+    NeedDraw(); // the palette has changed
 }
 
 void CSceneWnd::OnMove(int toX, int toY)
 {
     CDsp::OnMove(toX, toY);
-    NotePlace();
+    m_frame.NotePlace();
 }
 
 void CSceneWnd::OnSize(UINT type, int cx, int cy)
 {
     CDsp::OnSize(type, cx, cy);
-    NotePlace();
+    m_frame.NotePlace();
 }
 
 void CSceneWnd::OnLButtonDown(UINT flags, CPoint point)

@@ -1,29 +1,25 @@
 #pragma once
 
-#include "demo/Session.h"
+#include "demo/PopupFrame.h"
 #include "demo/scene/Scene.h"
 #include "display/CDsp.h"
 
 namespace demo
 {
 
-/** A view of the scene in a window of its own that belongs to the bridge: it lies over it, goes to the
- *  taskbar with it, and is hidden when the user closes it. The boat stays in its middle until the user takes
- * hold of the view; F follows the boat again. */
+/** A view of the scene in a window of its own. The boat stays in its middle until the user takes hold of the
+ * view; F follows the boat again. */
 class CSceneWnd : public CDsp
 {
     DECLARE_DYNAMIC(CSceneWnd)
 
 public:
-    /** @param place  what is remembered of this window; outlives it */
+    /** @param place  see PopupFrame */
     CSceneWnd(const wchar_t* wndName, const wchar_t* title, Session& session, Scene& scene, ViewPlace& place);
 
-    /** Makes the window, hidden, where it was left. @param first  where it goes if it was never open, pixels
-     */
+    /** Makes the window, hidden. @param first  see PopupFrame::Open() */
     bool Open(CWnd& owner, const Box& first);
-
-    /** Shows or hides it, as the user last had it. */
-    void ShowAsSet();
+    PopupFrame& Frame() noexcept { return m_frame; }
 
     /** Follows the boat, or no longer. */
     void FollowBoat(bool follows);
@@ -38,6 +34,7 @@ public:
 
     void OnPoll(double t) override;
     void OnInfoMsg(int msg, void* data) override;
+    void OnNfyWnd(CVantWnd* sender, int msg, void* data) override;
     void DrawOverlay() override;
     void OnPick(CDspMInf& inf, int how) override;
 
@@ -60,12 +57,10 @@ protected:
     DECLARE_MESSAGE_MAP()
 
 private:
-    void NotePlace();
     bool SaveDrawn(const CString& path);
 
-    Session& m_session;
     Scene& m_scene;
-    ViewPlace& m_place;
+    PopupFrame m_frame;
     CString m_title;
     CString m_picked;
 };

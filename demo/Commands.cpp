@@ -67,6 +67,9 @@ std::optional<Command> CommandOf(wchar_t character) noexcept
     case L'o':
     case L'O':
         return Command::Orbit;
+    case L'p':
+    case L'P':
+        return Command::Colours;
     case L's':
     case L'S':
         return Command::Picture;
@@ -106,6 +109,9 @@ void Carry(Command command, Session& session)
         break;
     case Command::Orbit:
         settings.orbit.open = !settings.orbit.open;
+        break;
+    case Command::Colours:
+        settings.colours.open = !settings.colours.open;
         break;
     case Command::Picture:
         TakePicture(session);

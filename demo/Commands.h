@@ -8,7 +8,19 @@ namespace demo
 {
 
 /** What a key or a button of the demonstration does. */
-enum class Command { Pause, Faster, Slower, Restart, HeadingUp, DepthSpan, Units, Chart, Orbit, Picture };
+enum class Command {
+    Pause,
+    Faster,
+    Slower,
+    Restart,
+    HeadingUp,
+    DepthSpan,
+    Units,
+    Chart,
+    Orbit,
+    Colours,
+    Picture
+};
 
 /** The command of a typed character, upper or lower case. */
 std::optional<Command> CommandOf(wchar_t character) noexcept;

@@ -45,6 +45,7 @@ void DemoSettings::Settings(CESetObj& obj)
     obj.Item(L"Maximised", maximised);
     Exchange(obj, L"Chart", chart);
     Exchange(obj, L"Orbit", orbit);
+    Exchange(obj, L"Colours", colours);
     obj.Item(L"HeadingUp", headingUp);
     obj.Item(L"DepthSpan", depthSpan);
     obj.Item(L"Units", units);
@@ -72,6 +73,7 @@ void DemoSettings::Mend()
     sound = sound != 0;
     chart.open = chart.open != 0;
     orbit.open = orbit.open != 0;
+    colours.open = colours.open != 0;
 }
 
 bool DemoSettings::Load(const CString& file)

@@ -25,6 +25,7 @@ struct DemoSettings {
     int maximised = 0;
     ViewPlace chart;
     ViewPlace orbit;
+    ViewPlace colours;
 
     int headingUp = 1;        ///< see View
     double depthSpan = 120.0; ///< seconds, see View

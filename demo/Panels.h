@@ -21,6 +21,8 @@ struct View {
     bool headingUp = true;    ///< the compass card turns under the bow; else the needle turns on the card
     double depthSpan = 120.0; ///< seconds of soundings in the depth graph
     std::size_t alarms = 0;   ///< how many have begun
+    /** Of the boat beside the planned route, metres, positive to starboard; missing without one. */
+    double crossTrack = missing;
 };
 
 /** A value as text, with its unit and the state that decides its colour; dashes without a reading. */

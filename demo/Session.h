@@ -30,7 +30,8 @@ struct Session {
     CString boatFile;      ///< the boat's model
 
     ShownValues values{};
-    std::wstring origin{}; ///< where the sentences come from, as it is shown
+    std::wstring origin{};       ///< where the sentences come from, as it is shown
+    double crossTrack = missing; ///< see Scene::CrossTrack()
     int paused = 0;
     std::size_t alarms = 0; ///< how many have begun
     std::size_t frames = 0;

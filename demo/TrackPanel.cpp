@@ -85,6 +85,18 @@ void PaintScaleBar(CPainter& painter, const Box& chart, const ChartView& view)
                  ShownValues::LengthText(view.GridMetres(), 0) + L" " + UnitText(lengthUnit));
 }
 
+/** How far the boat is beside the planned route. */
+void PaintCrossTrack(CPainter& painter, const Box& chart, const View& view)
+{
+    if (IsMissing(view.crossTrack))
+        return;
+    const std::wstring text = ShownValues::LengthText(std::abs(view.crossTrack), 1);
+    const std::wstring unit = UnitText(lengthUnit) + (view.crossTrack < 0.0 ? L" port" : L" stbd");
+    painter.Labelled(chart.right - painter.S(14), chart.bottom - painter.S(14), Align::Right,
+                     L"off the route", painter.Fonts().value,
+                     {text, unit, view.playback.State(Sensor::Position)});
+}
+
 void PaintNorth(CPainter& painter, const Box& chart)
 {
     const double s = painter.S(1.0);
@@ -131,6 +143,7 @@ void PaintTrack(CPainter& painter, const Box& box, const View& view)
     PaintNorth(painter, chart);
     painter.ClearClip();
     PaintScaleBar(painter, chart, chartView);
+    PaintCrossTrack(painter, chart, view);
 }
 
 } // namespace demo

@@ -17,27 +17,30 @@ int Pixels(int units, double scale) noexcept
 ViewPlaces ViewPlaces::Beside(const Box& bridge, const Box& work, double scale) noexcept
 {
     if (work.right - bridge.right >= Pixels(leastWidth, scale)) {
-        const int middle = work.CentreY();
-        return {{bridge.right, work.top, work.right, middle},
-                {bridge.right, middle, work.right, work.bottom}};
+        const int last = work.bottom - Pixels(coloursHeight, scale);
+        const int middle = (work.top + last) / 2;
+        const auto row = [&](int top, int bottom) { return Box{bridge.right, top, work.right, bottom}; };
+        return {row(work.top, middle), row(middle, last), row(last, work.bottom)};
     }
     if (work.bottom - bridge.bottom >= Pixels(leastHeight, scale)) {
         const int left = std::max(bridge.left, work.left);
         const int right = std::min(bridge.right, work.right);
-        const int middle = (left + right) / 2;
-        return {{left, bridge.bottom, middle, work.bottom}, {middle, bridge.bottom, right, work.bottom}};
+        const int colours = Pixels(coloursWidth, scale);
+        const int first = left + (right - left - colours) / 2;
+        const auto column = [&](int from, int to) { return Box{from, bridge.bottom, to, work.bottom}; };
+        return {column(left, first), column(first + colours, right), column(first, first + colours)};
     }
     constexpr int width = 560;
     constexpr int height = 400;
     constexpr int step = 48;
     const Box both = Overlap(bridge, work);
-    const auto at = [&](int units) {
+    const auto at = [&](int units, int wide, int high) {
         const int right = both.right - Pixels(units, scale);
         const int bottom = both.bottom - Pixels(units, scale);
-        return Box{std::max(right - Pixels(width, scale), both.left),
-                   std::max(bottom - Pixels(height, scale), both.top), right, bottom};
+        return Box{std::max(right - Pixels(wide, scale), both.left),
+                   std::max(bottom - Pixels(high, scale), both.top), right, bottom};
     };
-    return {at(2 * step), at(step)};
+    return {at(3 * step, width, height), at(2 * step, width, height), at(step, coloursWidth, coloursHeight)};
 }
 
 Box BridgePlace(int width, int height, int leastHeight, const Box& work, double scale) noexcept

@@ -5,19 +5,23 @@
 namespace demo
 {
 
-/** Where the chart and the orbit view are first put, pixels. */
+/** Where the chart, the orbit view and the colours of the depths are first put, pixels. */
 struct ViewPlaces {
     Box chart;
     Box orbit;
+    Box colours;
 
     /** @name Least sizes of the room that a view is put into, units @{ */
-    static constexpr int leastWidth = 360;
+    static constexpr int leastWidth = 400;
     static constexpr int leastHeight = 340;
     /** @} */
 
+    static constexpr int coloursWidth = 410; ///< of the colours, which need no more
+    static constexpr int coloursHeight = 340;
+
     /** Finds them room in a work area: at the right of the bridge, one over the other, else below it, side by
-     * side; where neither is wide enough they lie over the lower right corner of the bridge, one a little
-     * above the other.
+     * side; where neither is wide enough they lie over the lower right corner of the bridge, each a little
+     * above the next.
      *  @param scale  pixels of a unit */
     static ViewPlaces Beside(const Box& bridge, const Box& work, double scale) noexcept;
 };

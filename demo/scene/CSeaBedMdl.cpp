@@ -1,8 +1,10 @@
 #include "demo/scene/CSeaBedMdl.h"
 
+#include "colour/CPal.h"
 #include "demo/Palette.h"
 #include "display/CDsp.h"
 #include "display/CMdlInf.h"
+#include "platform/Vant.h"
 
 #include <algorithm>
 #include <cmath>
@@ -16,10 +18,8 @@ namespace demo
 namespace
 {
 
-constexpr COLORREF shallowColour = RGB(92, 176, 172);
-constexpr COLORREF deepColour = RGB(14, 46, 100);
-constexpr double leastSpan = 4.0; // metres of depth from one colour to the other
-constexpr float relief = 4.0F;    // slopes are shaded as if they were so much steeper: real ones hardly show
+constexpr double dimming = 0.35; // of the palette's colours, so that the track stands out
+constexpr float relief = 4.0F;   // slopes are shaded as if they were so much steeper: real ones hardly show
 
 /** A corner as OpenGL takes it. */
 struct Corner {
@@ -38,7 +38,8 @@ Corner CornerOf(const SeaBed::Vertex& vertex, COLORREF colour)
 
 } // namespace
 
-CSeaBedMdl::CSeaBedMdl()
+CSeaBedMdl::CSeaBedMdl(const CPal& pal)
+    : m_pal(pal)
 {
     selectable = 0;
     mtrl.specular = {0, 0, 0};
@@ -61,11 +62,7 @@ void CSeaBedMdl::Clear()
 
 void CSeaBedMdl::Draw(CDsp& dsp)
 {
-    const double middle = (m_shallowest + m_deepest) / 2;
-    const double span = std::max(m_deepest - m_shallowest, leastSpan);
-    const auto colourOf = [&](double depth) {
-        return Mix(shallowColour, deepColour, std::clamp((depth - middle) / span + 0.5, 0.0, 1.0));
-    };
+    const auto colourOf = [this](double depth) { return Mix(m_pal.GetCol(depth), Vant::back, dimming); };
     glColorMaterial(GL_FRONT_AND_BACK, GL_AMBIENT_AND_DIFFUSE);
     glEnable(GL_COLOR_MATERIAL);
     glEnable(GL_BLEND);

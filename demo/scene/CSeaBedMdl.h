@@ -5,6 +5,8 @@
 
 #include <map>
 
+class CPal;
+
 namespace demo
 {
 
@@ -13,7 +15,8 @@ namespace demo
 class CSeaBedMdl : public CMdl
 {
 public:
-    CSeaBedMdl();
+    /** @param pal  gives the depths their colours; outlives it */
+    explicit CSeaBedMdl(const CPal& pal);
 
     /** Takes over what has changed of the bed. */
     void Take(SeaBed& bed);
@@ -24,6 +27,7 @@ public:
     void GetInf(CMdlInf& inf) override;
 
 private:
+    const CPal& m_pal;
     double m_shallowest = 0.0;
     double m_deepest = 0.0;
     std::map<SeaBed::Key, SeaBed::Tile> m_tiles;

@@ -1,5 +1,6 @@
 #include "demo/scene/CTrackMdl.h"
 
+#include "colour/CPal.h"
 #include "display/CDsp.h"
 #include "display/CMdlInf.h"
 #include "platform/Vant.h"
@@ -15,7 +16,8 @@ namespace demo
 namespace
 {
 
-constexpr double lineWidth = 2.5;  // units
+constexpr double lineWidth = 4.0;  // units
+constexpr double rimWidth = 1.0;   // of the dark rim that tells it from the sea bed
 constexpr double height = 0.05;    // metres over the water, which would cover it
 constexpr double everything = 1e9; // metres
 
@@ -37,14 +39,13 @@ GroundWindow ShownGround(const CDsp& dsp)
     return window;
 }
 
-CTrackMdl::CTrackMdl(const Playback& playback, const LocalPlane& plane)
+CTrackMdl::CTrackMdl(const Playback& playback, const LocalPlane& plane, const CPal& pal)
     : m_playback(playback)
     , m_plane(plane)
+    , m_pal(pal)
 {
     lit = 0;
     selectable = 0;
-    const COLORREF colour = Vant::light;
-    mtrl.diffuse = {GetRValue(colour) / 255.0F, GetGValue(colour) / 255.0F, GetBValue(colour) / 255.0F};
 }
 
 void CTrackMdl::Draw(CDsp& dsp)
@@ -53,17 +54,38 @@ void CTrackMdl::Draw(CDsp& dsp)
     m_runs = TrackRuns::Of(m_playback.Track(), m_plane, window, std::move(m_runs));
     if (m_runs.vertices.empty())
         return;
+    m_colours.clear();
+    for (const std::size_t point : m_runs.points) {
+        const double depth = m_playback.Track()[point].depth;
+        CRgb colour;
+        if (IsMissing(depth))
+            colour.SetCol(Vant::light);
+        else
+            m_pal.GetCol(depth, colour);
+        m_colours.push_back(colour);
+    }
+    const double unit = static_cast<double>(dsp.Dpi().Dpi()) / CDpi::base;
     dsp.PushOrg({window.origin.east, window.origin.north, height});
-    glLineWidth(static_cast<float>(lineWidth * dsp.Dpi().Dpi() / CDpi::base));
     glEnableClientState(GL_VERTEX_ARRAY);
     glVertexPointer(2, GL_FLOAT, sizeof(TrackRuns::Vertex), m_runs.vertices.data());
+    glColor3ub(GetRValue(Vant::back), GetGValue(Vant::back), GetBValue(Vant::back));
+    DrawLines((lineWidth + 2 * rimWidth) * unit);
+    glEnableClientState(GL_COLOR_ARRAY);
+    glColorPointer(4, GL_UNSIGNED_BYTE, sizeof(CRgb), m_colours.data());
+    DrawLines(lineWidth * unit);
+    glDisableClientState(GL_COLOR_ARRAY);
+    glDisableClientState(GL_VERTEX_ARRAY);
+    dsp.PopOrg();
+}
+
+void CTrackMdl::DrawLines(double width) const
+{
+    glLineWidth(static_cast<float>(width));
     std::size_t first = 0;
     for (const std::size_t end : m_runs.ends) {
         glDrawArrays(GL_LINE_STRIP, static_cast<GLint>(first), static_cast<GLsizei>(end - first));
         first = end;
     }
-    glDisableClientState(GL_VERTEX_ARRAY);
-    dsp.PopOrg();
 }
 
 void CTrackMdl::GetInf(CMdlInf& inf)

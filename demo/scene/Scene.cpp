@@ -13,9 +13,11 @@ constexpr double longestReckoning = 2.0; // seconds that the boat goes on after 
 
 } // namespace
 
-Scene::Scene(const Playback& playback, const CString& boatFile)
+Scene::Scene(const Playback& playback, const CPal& pal, const CString& boatFile)
     : m_playback(playback)
-    , m_track(playback, m_plane)
+    , m_bedMdl(pal)
+    , m_plan(m_route)
+    , m_track(playback, m_plane, pal)
     , m_boat(boatFile)
 {
     m_pos.name = boatPos;
@@ -48,14 +50,25 @@ void Scene::TakeTrack()
     const History<TrackPoint>& track = m_playback.Track();
     if (track.Added() == m_taken)
         return;
-    if (m_taken == 0)
+    if (m_taken == 0) {
         m_plane = {track[0].latitude, track[0].longitude};
+        m_route.Make(SurveyPlan(m_plane));
+        m_plan.ModelChanged(0);
+    }
     const std::size_t fresh = std::min(track.Added() - m_taken, track.Size());
     for (std::size_t i = track.Size() - fresh; i < track.Size(); ++i)
         m_bed.Add(m_plane.PlaceOf(track[i].latitude, track[i].longitude), track[i].depth);
     m_taken = track.Added();
     m_bedMdl.Take(m_bed);
     m_track.ModelChanged(0);
+}
+
+double Scene::CrossTrack() const
+{
+    if (!m_boat.visible || m_playback.State(Sensor::Position) == Freshness::None)
+        return missing;
+    const CV3& place = m_boat.Now().place;
+    return m_route.CrossTrack({place.x, place.y});
 }
 
 /** The boat is where the last position was, or as far on as its speed has brought it since. */

@@ -4,6 +4,7 @@
 #include "demo/detail/Playback.h"
 #include "demo/detail/SeaBed.h"
 #include "demo/scene/CBoatMdl.h"
+#include "demo/scene/CPlanMdl.h"
 #include "demo/scene/CSeaBedMdl.h"
 #include "demo/scene/CSeaMdl.h"
 #include "demo/scene/CTrackMdl.h"
@@ -20,8 +21,8 @@ class Scene
 public:
     static constexpr const wchar_t* boatPos = L"Boat"; ///< name of the position
 
-    /** Before any view. @param playback  must outlive it  @param boatFile  path of the boat's model */
-    Scene(const Playback& playback, const CString& boatFile);
+    /** Before any view. @param playback,pal  must outlive it  @param boatFile  path of the boat's model */
+    Scene(const Playback& playback, const CPal& pal, const CString& boatFile);
 
     /** Brings everything to what the playback knows. @param now  seconds; the scene changes some times a
      * second, however often this is called */
@@ -30,6 +31,10 @@ public:
     const CBoatMdl& Boat() const noexcept { return m_boat; }
     CBoatMdl& Boat() noexcept { return m_boat; }
     CMdlPos& BoatPos() noexcept { return m_pos; }
+
+    /** How far the boat is beside the planned route, metres, positive to starboard; missing without a
+     * position or a plan. */
+    double CrossTrack() const;
 
     /** Whether a drawable is for scenes only, and not for charts. */
     bool IsScenery(const CMdl& mdl) const noexcept { return &mdl == &m_sea; }
@@ -43,8 +48,10 @@ private:
     CDspGrp m_group; // first of all: the drawables register with it, and are drawn in this order
     LocalPlane m_plane;
     SeaBed m_bed;
+    PlannedRoute m_route;
     CSeaBedMdl m_bedMdl;
     CSeaMdl m_sea;
+    CPlanMdl m_plan;
     CTrackMdl m_track;
     CBoatMdl m_boat;
     CMdlPos m_pos;

@@ -13,6 +13,7 @@ std::vector<Act> FieldActs();   ///< edit fields: storing, refusing, Escape, Tab
 std::vector<Act> AlarmActs();   ///< the alarm, its message and its acknowledgement
 std::vector<Act> ControlActs(); ///< categories, checks, the dial, the address, keys and buttons
 std::vector<Act> ViewActs();    ///< the chart and the orbit view: pan, zoom, turn, pick
+std::vector<Act> ColourActs();  ///< the colours of the depths: another table, turned
 std::vector<Act> AllActs();
 /** @} */
 

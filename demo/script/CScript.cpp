@@ -45,7 +45,22 @@ void CScript::Report(const Act& act, bool passed)
     m_stage.session.log.Line(line);
     m_stage.session.failed |= !passed;
     if (act.picture)
-        SaveSeen(m_stage.bridge, m_stage.session.outDir + act.picture);
+        SavePicture(act);
+}
+
+void CScript::SavePicture(const Act& act)
+{
+    CRect seen;
+    m_stage.bridge.RedrawWindow(nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+    m_stage.bridge.GetWindowRect(&seen);
+    for (const CWnd* const popup :
+         std::initializer_list<const CWnd*>{&m_stage.chart, &m_stage.orbit, &m_stage.colours}) {
+        CRect place;
+        popup->GetWindowRect(&place);
+        if (act.isWide && popup->IsWindowVisible())
+            seen.UnionRect(&seen, &place);
+    }
+    SaveScreen(seen, m_stage.session.outDir + act.picture);
 }
 
 } // namespace demo

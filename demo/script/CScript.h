@@ -1,6 +1,7 @@
 #pragma once
 
 #include "demo/CChartWnd.h"
+#include "demo/CColoursWnd.h"
 #include "demo/COrbitWnd.h"
 #include "demo/CSetupWnd.h"
 #include "demo/script/CInput.h"
@@ -17,6 +18,7 @@ struct Stage {
     CSetupWnd& setup;
     CChartWnd& chart;
     COrbitWnd& orbit;
+    CColoursWnd& colours;
     Scene& scene;
     CInput& hands;
     double before = 0.0; ///< what an act found when it began
@@ -28,6 +30,7 @@ struct Act {
     void (*begin)(Stage&);            ///< tells the hands what to do
     bool (*holds)(const Stage&);      ///< becomes true, soon after the hands have done it
     const wchar_t* picture = nullptr; ///< file name of a picture of the result
+    bool isWide = false;              ///< the picture shows the other windows too, not the bridge alone
 };
 
 /** The program tries its own controls: does things as a user, one after the other, and checks what happened.
@@ -47,6 +50,7 @@ public:
 
 private:
     void Report(const Act& act, bool passed);
+    void SavePicture(const Act& act);
 
     Stage m_stage;
     std::vector<Act> m_acts;

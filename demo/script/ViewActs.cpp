@@ -92,7 +92,7 @@ const Act acts[] = {
          return s.chart.IsFollowing() && FromBoat(s, s.chart) < close && s.chart.GetUp() == CDsp::upCourse &&
                 std::abs(s.chart.Cam().align - s.scene.Boat().Now().heading) < 0.1;
      },
-     L"step-course-up.png"},
+     L"step-course-up.png", true},
 
     {L"N puts north up", [](Stage& s) { s.hands.Key('N'); },
      [](const Stage& s) { return s.chart.GetUp() == CDsp::upNorth && s.chart.Cam().align == 0; }},
@@ -128,7 +128,7 @@ const Act acts[] = {
      [](const Stage& s) { return IsBoat(s.orbit.Picked()); }},
 
     {L"Escape leads from the view back to the bridge", [](Stage& s) { s.hands.Key(VK_ESCAPE); },
-     [](const Stage& s) { return HasFocus(s.bridge); }, L"step-views.png"},
+     [](const Stage& s) { return HasFocus(s.bridge); }, L"step-views.png", true},
 };
 
 } // namespace

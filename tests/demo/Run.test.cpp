@@ -312,11 +312,11 @@ TEST_F(DemoRun, TheScriptPassesAndWhatItSetIsRestored)
             EXPECT_THAT(line, testing::EndsWith(" ... ok"));
             ++passed;
         }
-        EXPECT_GE(passed, 35U);
+        EXPECT_GE(passed, 45U);
     }
     for (const char* const picture :
          {"step-invalid.png", "step-message.png", "step-alarm.png", "step-category.png", "step-units.png",
-          "step-dial.png", "step-course-up.png", "step-views.png", "demo.png"})
+          "step-dial.png", "step-course-up.png", "step-views.png", "step-colours.png", "demo.png"})
         EXPECT_TRUE(fs::exists(m_dir / picture)) << picture;
     EXPECT_THAT(Contents(m_dir / "Logs" / "Alarms.csv"),
                 HasSubstr("Incorrect Text: Not in user specified range 0 to 1000"));

@@ -70,12 +70,15 @@ TEST(ViewPlaces, TheViewsLieBesideTheBridgeWhereTheScreenHasRoom)
     for (const Box& work : {Box{0, 0, 1920, 1040}, Box{0, 0, 1600, 1200}, Box{0, 40, 2560, 1440}}) {
         const Box bridge = demo::BridgePlace(width, height, least, work, 1.0);
         const auto views = demo::ViewPlaces::Beside(bridge, work, 1.0);
-        EXPECT_TRUE(inside(bridge, work) && inside(views.chart, work) && inside(views.orbit, work));
-        EXPECT_TRUE(apart(bridge, views.chart) && apart(bridge, views.orbit) &&
-                    apart(views.chart, views.orbit))
-            << work.Width();
+        const Box all[] = {bridge, views.chart, views.orbit, views.colours};
+        for (const Box& box : all) {
+            EXPECT_TRUE(inside(box, work)) << work.Width();
+            for (const Box& other : all)
+                EXPECT_TRUE(&box == &other || apart(box, other)) << work.Width();
+        }
         EXPECT_GE(views.chart.Width(), demo::ViewPlaces::leastWidth);
         EXPECT_GE(views.orbit.Height(), demo::ViewPlaces::leastHeight);
+        EXPECT_GE(views.colours.Width(), demo::ViewPlaces::leastWidth);
         EXPECT_GE(bridge.Height(), least);
     }
 }
@@ -88,6 +91,7 @@ TEST(ViewPlaces, OnASmallScreenTheyLieOverTheBridge)
     const auto views = demo::ViewPlaces::Beside(bridge, work, 1.0);
     EXPECT_EQ(views.chart, demo::Overlap(views.chart, work));
     EXPECT_EQ(views.orbit, demo::Overlap(views.orbit, work));
+    EXPECT_EQ(views.colours, demo::Overlap(views.colours, work));
     EXPECT_GT(views.orbit.left, views.chart.left) << "each can be taken hold of";
     EXPECT_GT(views.orbit.top, views.chart.top);
 }
