@@ -55,6 +55,10 @@ void CBridge::AddDocks()
                                             : Lamp::Green};
     });
     add(L"CONSOLE", Vant::csl, [] { return CDockWnd::Caption{L"Logs\\Console.csv", std::nullopt}; });
+    add(L"CLOCKS", Vant::status, [this] {
+        const bool isSeen = m_session.playback.State(Quantity::UtcTime) == Freshness::Live;
+        return CDockWnd::Caption{L"", isSeen ? Lamp::Green : Lamp::Amber};
+    });
     add(L"SENTENCES", Vant::comms, [this] {
         const bool ends = m_session.playback.AtEnd();
         return CDockWnd::Caption{L"Logs\\Comms.csv", ends               ? Lamp::Red
@@ -68,7 +72,8 @@ bool CBridge::OpenParts()
 {
     m_looks.dpi = Dpi();
     // The docks' captions tell what the consoles' own headings would.
-    for (CConsole* const console : std::initializer_list<CConsole*>{&Vant::alarm, &Vant::csl, &Vant::comms})
+    for (CConsole* const console :
+         std::initializer_list<CConsole*>{&Vant::alarm, &Vant::csl, &Vant::status, &Vant::comms})
         console->hdrH = 0;
     const auto open = [this](const auto& panel) { return panel->Open(*this); };
     const auto openDock = [this](const auto& dock) { return dock->Open(*this, 0); };

@@ -7,6 +7,7 @@
 #include "demo/script/Acts.h"
 #include "demo/script/ScreenPicture.h"
 #include "platform/Vant.h"
+#include "time/TmSync.h"
 
 #include <algorithm>
 
@@ -18,7 +19,15 @@ namespace
 constexpr UINT_PTR frameTimer = 1;
 constexpr UINT frameInterval = 33;  // milliseconds
 constexpr double longestStep = 0.5; // seconds: a stopped program does not make the tape jump
+constexpr double scriptStep = 0.1;  // the script's user is as slow as the machine, and the tape waits for him
 constexpr double triggerStep = 0.1; // seconds between the triggers that let the consoles draw
+
+/** What the log's clock shows, seconds of the day; missing while it shows nothing. */
+double LogTime(const Playback& playback)
+{
+    const Quantity time = Quantity::UtcTime;
+    return playback.State(time) == Freshness::Live ? playback.Value(time) + playback.Age(time) : missing;
+}
 
 } // namespace
 
@@ -77,7 +86,8 @@ bool CBridge::Open()
     SetFocus();
     if (m_session.scripted)
         m_script = std::make_unique<CScript>(
-            Stage{m_session, *this, m_setup, m_chart, m_orbit, m_colours, m_scene, m_hands}, AllActs());
+            Stage{m_session, *this, m_setup, m_chart, m_orbit, m_colours, m_video, m_scene, m_hands},
+            AllActs());
     m_last = Clock::now();
     SetTimer(frameTimer, frameInterval);
     return true;
@@ -120,13 +130,15 @@ void CBridge::Tick(double step)
 {
     m_elapsed += step;
     if (!m_session.paused)
-        m_session.playback.Advance(std::min(step, longestStep) * m_session.rate);
+        m_session.playback.Advance(std::min(step, m_script ? scriptStep : longestStep) * m_session.rate);
     m_feed.Feed(m_session.tape, m_session.playback);
     ReportEvents();
     m_session.values.Take(m_session.playback);
     m_scene.Take(m_elapsed);
     m_session.crossTrack = m_scene.CrossTrack();
-    Poll(m_elapsed);
+    m_session.clock.Show(LogTime(m_session.playback));
+    Poll(TmSync::GetTm());
+    RecordVideo();
     ++m_session.frames;
     CECtrl::UpdateAuCtrls(m_elapsed);
     if (m_elapsed >= m_nextTrigger) {
@@ -168,6 +180,23 @@ void CBridge::ReportEvents()
     }
 }
 
+void CBridge::RecordVideo()
+{
+    if (m_session.recording && !m_video.IsOn()) {
+        m_session.recording = m_video.Start(m_session.outDir + videoName);
+        return;
+    }
+    if (m_session.recording)
+        m_video.AddFrame();
+    else
+        m_video.Stop();
+    if (m_session.recording && !m_video.IsOn()) { // that was the last frame
+        m_session.recording = false;
+        m_session.log.Line(L"video of " + std::to_wstring(m_video.Frames()) + L" frames saved to " +
+                           std::wstring(static_cast<LPCWSTR>(m_session.outDir + videoName)));
+    }
+}
+
 void CBridge::SavePictures()
 {
     const auto note = [this](bool saved, const wchar_t* file) {
@@ -191,6 +220,8 @@ void CBridge::SavePictures()
         view->RedrawWnd();
     }
     note(SavePicture(m_session, pictureName), pictureName);
+    if (m_video.Frames() > 0)
+        m_session.pictures.emplace_back(videoName);
     note(SaveScreen(seen, m_session.outDir + screenName), screenName);
 }
 
@@ -200,6 +231,7 @@ void CBridge::Finish()
         return;
     NotePlace();
     m_finished = true;
+    m_video.Stop();
     Vant::vantClosing = 1;
     KillTimer(frameTimer);
     m_session.failed |= m_script && !m_script->IsDone(); // closed too early

@@ -5,6 +5,7 @@
 #include "demo/CDockWnd.h"
 #include "demo/COrbitWnd.h"
 #include "demo/CSetupWnd.h"
+#include "demo/CViewVideo.h"
 #include "demo/SentenceFeed.h"
 #include "demo/script/CScript.h"
 
@@ -63,6 +64,7 @@ private:
     CVantWnd* FocusedGuest(); // the docked window that has the keyboard, or null
     void Tick(double step);
     void ReportEvents();
+    void RecordVideo();
     void SavePictures();
     void Finish();
 
@@ -75,6 +77,7 @@ private:
     Scene m_scene;
     CChartWnd m_chart;
     COrbitWnd m_orbit;
+    CViewVideo m_video{m_orbit};
     CInput m_hands;
     std::unique_ptr<CScript> m_script;
     SentenceFeed m_feed;

@@ -5,6 +5,7 @@
 #include "demo/detail/Text.h"
 #include "platform/Vant.h"
 #include "resources/Ids.h"
+#include "time/TmSync.h"
 #include "windows/CCslAlm.h"
 #include "windows/CCslComms.h"
 
@@ -147,6 +148,8 @@ void CDemoApp::StartLibrary()
     Vant::inReplay = 1;
     Vant::Init();
     m_started = true;
+    TmSync::Init();
+    TmSync::AddTmFn(&m_clock);
     CColTbl::EnumColTbls(ColourTables().make_preferred().c_str());
     for (CConsole* const console : std::initializer_list<CConsole*>{&Vant::csl, &Vant::comms, &Vant::alarm}) {
         console->maxEntries = keptLines;
@@ -164,9 +167,10 @@ void CDemoApp::StartLibrary()
 
 bool CDemoApp::OpenWindow()
 {
-    m_session.reset(new Session{
-        *m_tape, *m_playback, m_settings, m_log, fs::path(m_logPath).filename().wstring(), m_options.seconds,
-        m_options.rate, m_options.script, m_outDir.c_str(), DataFile(boatName).make_preferred().c_str()});
+    m_session.reset(new Session{*m_tape, *m_playback, m_settings, m_log, m_clock,
+                                fs::path(m_logPath).filename().wstring(), m_options.seconds, m_options.rate,
+                                m_options.script, m_outDir.c_str(),
+                                DataFile(boatName).make_preferred().c_str()});
     m_session->Apply();
     m_bridge = std::make_unique<CBridge>(*m_session);
     m_pMainWnd = m_bridge.get();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "demo/CBridge.h"
+#include "demo/CLogClock.h"
 #include "demo/CRunLog.h"
 #include "demo/DemoSettings.h"
 #include "demo/detail/Options.h"
@@ -51,6 +52,7 @@ private:
     std::unique_ptr<Playback> m_playback;
     DemoSettings m_settings;
     CRunLog m_log;
+    CLogClock m_clock;
     std::unique_ptr<Session> m_session;
     std::unique_ptr<CBridge> m_bridge;
     bool m_started = false; // the library was

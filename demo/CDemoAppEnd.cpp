@@ -4,6 +4,7 @@
 #include "demo/Terminal.h"
 #include "demo/detail/Text.h"
 #include "platform/Vant.h"
+#include "time/TmSync.h"
 
 #include <algorithm>
 
@@ -27,8 +28,10 @@ int CDemoApp::ExitInstance()
         Summarise();
     }
     m_bridge.reset();
-    if (m_started)
+    if (m_started) {
+        TmSync::Exit();
         Vant::Exit();
+    }
     CBaseApp::ExitInstance();
     return m_exitCode;
 }
@@ -70,7 +73,7 @@ void CDemoApp::Summarise() const
         Counted(CountOn(*m_playback), L"still on"));
     Say(L"frames:    " + Counted(m_session->frames, L"drawn"));
     for (const std::wstring& picture : m_session->pictures)
-        Say(L"picture:   " + m_outDir + picture);
+        Say((picture == videoName ? L"video:     " : L"picture:   ") + m_outDir + picture);
     Say(L"settings:  " + std::wstring(static_cast<LPCWSTR>(Vant::setFile)));
     Say(L"run log:   " + m_outDir + L"demo.log");
     Say(L"other logs: " + m_outDir + L"Logs");

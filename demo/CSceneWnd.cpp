@@ -186,17 +186,19 @@ void CSceneWnd::SetLight(int number, COLORREF colour, double ambientShare, const
 
 bool CSceneWnd::SavePicture(const CString& path)
 {
-    return SaveDrawn(path) || SaveSeen(*this, path);
+    CImage image;
+    if (Capture(image, {pictureWidth, pictureHeight}))
+        return SUCCEEDED(image.Save(path));
+    return SaveSeen(*this, path);
 }
 
-bool CSceneWnd::SaveDrawn(const CString& path)
+bool CSceneWnd::Capture(CImage& image, CSize size)
 {
     constexpr int bitsPerPixel = 32;
     CClientDC dc(this);
-    if (PbWidth() == 0 && !InitPB(dc, pictureWidth, pictureHeight))
+    if ((PbWidth() != size.cx || PbHeight() != size.cy) && !InitPB(dc, size.cx, size.cy))
         return false;
-    CImage image;
-    return image.Create(PbWidth(), PbHeight(), bitsPerPixel) && CapPB(image) && SUCCEEDED(image.Save(path));
+    return image.Create(size.cx, size.cy, bitsPerPixel) && CapPB(image);
 }
 
 } // namespace demo

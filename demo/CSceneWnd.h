@@ -4,6 +4,8 @@
 #include "demo/scene/Scene.h"
 #include "display/CDsp.h"
 
+class CImage;
+
 namespace demo
 {
 
@@ -32,6 +34,9 @@ public:
      * cannot do that. @return whether it could be saved */
     bool SavePicture(const CString& path);
 
+    /** Draws the scene into an image, which is made here. @return whether the driver can do that */
+    bool Capture(CImage& image, CSize size);
+
     void OnPoll(double t) override;
     void OnInfoMsg(int msg, void* data) override;
     void OnNfyWnd(CVantWnd* sender, int msg, void* data) override;
@@ -57,8 +62,6 @@ protected:
     DECLARE_MESSAGE_MAP()
 
 private:
-    bool SaveDrawn(const CString& path);
-
     Scene& m_scene;
     PopupFrame m_frame;
     CString m_title;

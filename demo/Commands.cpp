@@ -70,6 +70,9 @@ std::optional<Command> CommandOf(wchar_t character) noexcept
     case L'p':
     case L'P':
         return Command::Colours;
+    case L'v':
+    case L'V':
+        return Command::Video;
     case L's':
     case L'S':
         return Command::Picture;
@@ -112,6 +115,9 @@ void Carry(Command command, Session& session)
         break;
     case Command::Colours:
         settings.colours.open = !settings.colours.open;
+        break;
+    case Command::Video:
+        session.recording = !session.recording;
         break;
     case Command::Picture:
         TakePicture(session);

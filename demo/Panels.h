@@ -23,6 +23,7 @@ struct View {
     std::size_t alarms = 0;   ///< how many have begun
     /** Of the boat beside the planned route, metres, positive to starboard; missing without one. */
     double crossTrack = missing;
+    bool recording = false; ///< a video
 };
 
 /** A value as text, with its unit and the state that decides its colour; dashes without a reading. */

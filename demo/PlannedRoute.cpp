@@ -14,12 +14,12 @@ void PlannedRoute::Make(const std::vector<PlanPoint>& plan)
     CRoute nodes;
     nodes.name = L"Survey";
     for (const PlanPoint& point : plan) {
-        auto* const node = new CRtV3(point.place.east, point.place.north, 0); // the route's from here on
-        node->scale = 1;
-        nodes.AddTail(node);
+        nodes.AddTail(new CRtV3(point.place.east, point.place.north, 0)); // the route's from here on
     }
     nodes.Recalc();
     nodes.SplineRt(m_smooth, CSpline(), 0);
+    for (CVantPtr* pos = m_smooth.GetHeadPos(); pos;)
+        m_smooth.GetNext(pos)->scale = 1; // offsets count in full
     m_smooth.Recalc();
     const double length = m_smooth.IsEmpty() ? 0 : m_smooth.GetTail()->q;
     constexpr double right = std::numbers::pi / 2;

@@ -15,8 +15,9 @@ constexpr unsigned silent = 0x20; // of Vant::options: no sound at all
 
 View Session::Shown() const
 {
-    return {playback,           values, tape.Duration(), rate, paused != 0, origin, settings.headingUp != 0,
-            settings.depthSpan, alarms, crossTrack};
+    return {
+        playback,           values, tape.Duration(), rate,     paused != 0, origin, settings.headingUp != 0,
+        settings.depthSpan, alarms, crossTrack,      recording};
 }
 
 void Session::Apply()

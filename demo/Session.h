@@ -1,5 +1,6 @@
 #pragma once
 
+#include "demo/CLogClock.h"
 #include "demo/CRunLog.h"
 #include "demo/DemoSettings.h"
 #include "demo/Panels.h"
@@ -22,6 +23,7 @@ struct Session {
     Playback& playback;
     DemoSettings& settings;
     CRunLog& log;
+    CLogClock& clock;
     std::wstring source;   ///< name of the log
     double seconds = 0.0;  ///< how long the window stays open; 0 until it is closed
     double rate = 1.0;     ///< seconds of the tape in a second
@@ -35,6 +37,7 @@ struct Session {
     int paused = 0;
     std::size_t alarms = 0; ///< how many have begun
     std::size_t frames = 0;
+    bool recording = false;               ///< a video of the orbit view is being made
     bool failed = false;                  ///< the script did
     bool picturesSaved = true;            ///< every one that was to be left at the end
     std::vector<std::wstring> pictures{}; ///< names of those that were
@@ -52,6 +55,7 @@ inline constexpr const wchar_t* pictureName = L"demo.png";
 inline constexpr const wchar_t* screenName = L"screen.png";
 inline constexpr const wchar_t* chartName = L"chart.png";
 inline constexpr const wchar_t* orbitName = L"orbit.png";
+inline constexpr const wchar_t* videoName = L"orbit.avi";
 /** @} */
 
 /** Information message: the session or its settings have changed. Its data is the session. */

@@ -17,13 +17,15 @@ constexpr double upperShare = 0.53; // of the instruments' height, for the upper
 constexpr int instrumentWidth = 1260; // the area that the instruments were drawn for
 constexpr int instrumentHeight = 668;
 
-constexpr int setupWidth = 332;    // of the sections' headers and a frame
-constexpr double dockShare = 0.17; // of the whole height
+constexpr int setupWidth = 332;     // of the sections' headers and a frame
+constexpr double dockShare = 0.185; // of the whole height
 constexpr int leastDock = 96;
 constexpr int mostDock = 240;
-constexpr double threeShares[] = {0.40, 0.28, 0.32}; // of the instruments' width
+constexpr double fourShares[] = {0.30, 0.22, 0.26, 0.22}; // of the instruments' width
+constexpr double threeShares[] = {0.30, 0.25, 0.45};
 constexpr double twoShares[] = {0.48, 0.52};
-constexpr int leastThree = 850;  // width for three consoles in a row
+constexpr int leastFour = 1450; // width for four consoles in a row
+constexpr int leastThree = 850;
 constexpr int setupHeight = 686; // of all sections, open, and the caption
 
 void PlaceInstruments(Layout& layout, const Box& area) noexcept
@@ -84,10 +86,12 @@ Layout Layout::Of(int width, int height) noexcept
         layout.setup.bottom = below.top + setupHeight;
         below.top = layout.setup.bottom + gap;
     }
-    if (layout.setup.bottom < bottom || row.Width() < leastThree)
+    if (row.Width() < leastThree)
         PlaceDocks(std::span(layout.docks).first(2), row, twoShares);
+    else if (layout.setup.bottom < bottom || row.Width() < leastFour)
+        PlaceDocks(std::span(layout.docks).first(3), row, threeShares);
     else
-        PlaceDocks(layout.docks, row, threeShares);
+        PlaceDocks(layout.docks, row, fourShares);
     PlaceInstruments(layout, {gap, top, right, bottom - dock - gap});
     return layout;
 }

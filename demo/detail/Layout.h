@@ -17,9 +17,9 @@ struct Layout {
     Box position;
     Box wind;
     Box motion;
-    /** The consoles. The last one stands under the set-up if there is room; a narrow area leaves it out, and
-     * its box is empty then. */
-    std::array<Box, 3> docks;
+    /** The consoles. The last one stands under the set-up if there is room. A narrow area leaves out the last
+     * one or two, and their boxes are empty then. */
+    std::array<Box, 4> docks;
     Box setup; ///< the column at the right
     Box footer;
     double scale = 1.0; ///< of text and lines in the instruments; 1 for the area that they were drawn for

@@ -18,7 +18,7 @@ namespace demo
 namespace
 {
 
-constexpr double dimming = 0.35; // of the palette's colours, so that the track stands out
+constexpr double dimming = 0.45; // of the palette's colours, so that the track stands out
 constexpr float relief = 4.0F;   // slopes are shaded as if they were so much steeper: real ones hardly show
 
 /** A corner as OpenGL takes it. */

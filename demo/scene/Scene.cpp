@@ -9,6 +9,7 @@ namespace
 {
 
 constexpr double interval = 1.0 / 15.0;  // seconds between two changes of the scene
+constexpr double spareTurns = 1.5;       // of the program's own turns, which must not wait for the views
 constexpr double longestReckoning = 2.0; // seconds that the boat goes on after a position
 
 } // namespace
@@ -27,9 +28,13 @@ Scene::Scene(const Playback& playback, const CPal& pal, const CString& boatFile)
 
 void Scene::Take(double now)
 {
-    if (now < m_next)
+    if (now < m_next) {
+        m_now = now;
         return;
-    m_next = now + interval;
+    }
+    m_next =
+        now + std::max(interval, spareTurns * (now - m_now)); // a slow machine draws the views less often
+    m_now = now;
     if (m_playback.Time() < m_playTime)
         Restart();
     m_playTime = m_playback.Time();

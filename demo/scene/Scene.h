@@ -57,6 +57,7 @@ private:
     CMdlPos m_pos;
     std::size_t m_taken = 0; // points of the track
     double m_playTime = 0.0; // of the playback, when it was taken
+    double m_now = 0.0;      // of the last call
     double m_next = 0.0;     // when it is taken again
 };
 

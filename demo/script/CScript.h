@@ -4,6 +4,7 @@
 #include "demo/CColoursWnd.h"
 #include "demo/COrbitWnd.h"
 #include "demo/CSetupWnd.h"
+#include "demo/CViewVideo.h"
 #include "demo/script/CInput.h"
 
 #include <vector>
@@ -19,6 +20,7 @@ struct Stage {
     CChartWnd& chart;
     COrbitWnd& orbit;
     CColoursWnd& colours;
+    CViewVideo& video;
     Scene& scene;
     CInput& hands;
     double before = 0.0; ///< what an act found when it began
@@ -39,7 +41,7 @@ class CScript
 {
 public:
     /** Seconds after which an act has failed, and how many seconds of the tape it may wait for besides. */
-    static constexpr double patience = 12.0;
+    static constexpr double patience = 20.0;
     static constexpr double tapePatience = 30.0;
 
     CScript(const Stage& stage, std::vector<Act> acts);

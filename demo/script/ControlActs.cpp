@@ -165,7 +165,7 @@ const Act acts[] = {
          s.hands.Click(Panel(L"Heading"));
          int windows = 2; // the bridge and the set-up
          for (const CWnd* console :
-              std::initializer_list<const CWnd*>{&Vant::alarm, &Vant::csl, &Vant::comms})
+              std::initializer_list<const CWnd*>{&Vant::alarm, &Vant::csl, &Vant::status, &Vant::comms})
              windows += IsSeen(*console);
          windows += IsSeen(s.chart) + IsSeen(s.orbit) + IsSeen(s.colours);
          s.hands.Key(VK_F6, windows);

@@ -101,7 +101,7 @@ std::vector<Act> FieldActs()
 std::vector<Act> AllActs()
 {
     std::vector<Act> all = FieldActs();
-    for (const std::vector<Act>& more : {AlarmActs(), ControlActs(), ViewActs(), ColourActs()})
+    for (const std::vector<Act>& more : {AlarmActs(), ControlActs(), ViewActs(), ColourActs(), RecordActs()})
         all.insert(all.end(), more.begin(), more.end());
     return all;
 }

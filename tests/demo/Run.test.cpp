@@ -312,12 +312,16 @@ TEST_F(DemoRun, TheScriptPassesAndWhatItSetIsRestored)
             EXPECT_THAT(line, testing::EndsWith(" ... ok"));
             ++passed;
         }
-        EXPECT_GE(passed, 45U);
+        EXPECT_GE(passed, 50U);
     }
     for (const char* const picture :
          {"step-invalid.png", "step-message.png", "step-alarm.png", "step-category.png", "step-units.png",
-          "step-dial.png", "step-course-up.png", "step-views.png", "step-colours.png", "demo.png"})
+          "step-dial.png", "step-course-up.png", "step-views.png", "step-colours.png", "step-video.png",
+          "orbit.avi", "demo.png"})
         EXPECT_TRUE(fs::exists(m_dir / picture)) << picture;
+    const std::string video = Contents(m_dir / "orbit.avi");
+    EXPECT_THAT(video, testing::StartsWith("RIFF"));
+    EXPECT_GT(video.size(), 25U * 400 * 250 * 3) << "half a second";
     EXPECT_THAT(Contents(m_dir / "Logs" / "Alarms.csv"),
                 HasSubstr("Incorrect Text: Not in user specified range 0 to 1000"));
 
