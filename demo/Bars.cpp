@@ -123,8 +123,8 @@ void PaintFooter(CPainter& painter, const Box& box, const View& view)
     }
 
     const LineCounts& counts = view.playback.Counts();
-    const std::wstring read = std::to_wstring(counts.read) + L" sentences read,  " +
-                              std::to_wstring(counts.rejected) + L" rejected";
+    const std::wstring read =
+        std::to_wstring(counts.read) + L" read,  " + std::to_wstring(counts.rejected) + L" rejected";
     const int right = box.right - painter.U(14);
     if (right - painter.TextWidth(fonts.note, read) >= x) // else the keys need the place
         painter.Text(right, baseline, Align::Right, fonts.note, painter.Colours().label, read);

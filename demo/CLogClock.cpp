@@ -6,7 +6,6 @@ namespace demo
 {
 
 CLogClock::CLogClock()
-    : m_shown(missing)
 {
     name = L"Log";
 }
@@ -14,16 +13,16 @@ CLogClock::CLogClock()
 void CLogClock::Show(double secondsOfDay)
 {
     const CSingleLock guard(&m_lock, TRUE);
-    m_shown = secondsOfDay;
+    m_isShown = !IsMissing(secondsOfDay);
+    if (m_isShown)
+        m_shown = secondsOfDay;
 }
 
 int CLogClock::PollTm(double& value)
 {
     const CSingleLock guard(&m_lock, TRUE);
-    if (IsMissing(m_shown))
-        return 0;
     value = m_shown;
-    return 1;
+    return m_isShown;
 }
 
 } // namespace demo

@@ -16,11 +16,14 @@ public:
     /** What the clock shows now, seconds of the day; demo::missing while it shows nothing. */
     void Show(double secondsOfDay);
 
-    /** Reads what was shown last. @return 0 while it shows nothing */
+    /** Reads what was shown last. @return 0 while it shows nothing: what it showed before is a sample that
+     * does not bend the fit */
     int PollTm(double& value) override;
 
 private:
-    double m_shown; // guarded by m_lock: set by the window's thread, read by that of TmSync
+    // Guarded by m_lock: set by the window's thread, read by that of TmSync.
+    double m_shown = 0;
+    bool m_isShown = false;
 };
 
 } // namespace demo

@@ -1,7 +1,6 @@
 #include "demo/CSceneWnd.h"
 
 #include "demo/Palette.h"
-#include "demo/script/ScreenPicture.h"
 #include "display/CDspMHit.h"
 #include "display/CDspMInf.h"
 #include "platform/Vant.h"
@@ -187,18 +186,41 @@ void CSceneWnd::SetLight(int number, COLORREF colour, double ambientShare, const
 bool CSceneWnd::SavePicture(const CString& path)
 {
     CImage image;
-    if (Capture(image, {pictureWidth, pictureHeight}))
-        return SUCCEEDED(image.Save(path));
-    return SaveSeen(*this, path);
+    return Capture(image, {pictureWidth, pictureHeight}) && SUCCEEDED(image.Save(path));
 }
 
 bool CSceneWnd::Capture(CImage& image, CSize size)
 {
     constexpr int bitsPerPixel = 32;
-    CClientDC dc(this);
-    if ((PbWidth() != size.cx || PbHeight() != size.cy) && !InitPB(dc, size.cx, size.cy))
+    if (!image.Create(size.cx, size.cy, bitsPerPixel))
         return false;
-    return image.Create(size.cx, size.cy, bitsPerPixel) && CapPB(image);
+    return CanDraw(size) ? CapPB(image) != 0 : CopySeen(image, size);
+}
+
+/** Whether the driver draws pictures of this size. It is asked once: its refusal is an alarm. */
+bool CSceneWnd::CanDraw(CSize size)
+{
+    if (!m_drawsPictures || (PbWidth() == size.cx && PbHeight() == size.cy))
+        return m_drawsPictures;
+    CClientDC dc(this);
+    m_drawsPictures = InitPB(dc, size.cx, size.cy) != 0;
+    return m_drawsPictures;
+}
+
+bool CSceneWnd::CopySeen(CImage& image, CSize size)
+{
+    RedrawWnd();
+    CRect seen;
+    GetClientRect(&seen);
+    ClientToScreen(&seen);
+    const HDC to = image.GetDC();
+    const HDC screen = ::GetDC(nullptr);
+    ::SetStretchBltMode(to, HALFTONE);
+    const BOOL copied = ::StretchBlt(to, 0, 0, size.cx, size.cy, screen, seen.left, seen.top, seen.Width(),
+                                     seen.Height(), SRCCOPY);
+    ::ReleaseDC(nullptr, screen);
+    image.ReleaseDC();
+    return copied != FALSE;
 }
 
 } // namespace demo

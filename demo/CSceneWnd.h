@@ -30,11 +30,11 @@ public:
     /** What the user picked last; empty for nothing. */
     const CString& Picked() const noexcept { return m_picked; }
 
-    /** Saves a picture of the scene, drawn for it in its own size; what the screen shows where the driver
-     * cannot do that. @return whether it could be saved */
+    /** Saves a picture of the scene. @return whether it could be saved */
     bool SavePicture(const CString& path);
 
-    /** Draws the scene into an image, which is made here. @return whether the driver can do that */
+    /** Draws the scene into an image of any size, which is made here; where the driver cannot do that, the
+     * image is what the screen shows, stretched. @return whether there is an image */
     bool Capture(CImage& image, CSize size);
 
     void OnPoll(double t) override;
@@ -62,10 +62,14 @@ protected:
     DECLARE_MESSAGE_MAP()
 
 private:
+    bool CanDraw(CSize size);
+    bool CopySeen(CImage& image, CSize size);
+
     Scene& m_scene;
     PopupFrame m_frame;
     CString m_title;
     CString m_picked;
+    bool m_drawsPictures = true; // until the driver refuses
 };
 
 } // namespace demo
