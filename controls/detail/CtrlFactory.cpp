@@ -4,6 +4,7 @@
 #include "controls/CEBtn.h"
 #include "controls/CEBtnList.h"
 #include "controls/CECb.h"
+#include "controls/CEChart.h"
 #include "controls/CECheck.h"
 #include "controls/CEEdit.h"
 #include "controls/CELabel.h"
@@ -45,6 +46,11 @@ constexpr Entry classes[] = {
     {CECtrl::typeList, Make<CEList>},       {CECtrl::typeWnd, Make<CEWnd>},
     {CECtrl::typeRadio, Make<CERadio>},     {CECtrl::typeRadius, Make<CERadius>},
     {CECtrl::typeBtnList, Make<CEBtnList>}, {CECtrl::typeAttempt, Make<CEAttempt>},
+    {CECtrl::typeText, Make<CEText>},   {CECtrl::typeLabel, Make<CELabel>},
+    {CECtrl::typeEdit, Make<CEEdit>},   {CECtrl::typeBtn, Make<CEBtn>},
+    {CECtrl::typeCheck, Make<CECheck>}, {CECtrl::typeCb, Make<CECb>},
+    {CECtrl::typeList, Make<CEList>},   {CECtrl::typeWnd, Make<CEWnd>},
+    {CECtrl::typeChart, Make<CEChart>}, {CECtrl::typeRadius, Make<CERadius>},
 };
 
 } // namespace
