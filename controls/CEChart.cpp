@@ -106,21 +106,27 @@ void CEChart::RemoveAll()
     Redraw();
 }
 
+/** Seconds that a line goes on over. */
+double CEChart::Bridge() const noexcept
+{
+    return joinMax > 0 ? joinMax : std::numeric_limits<double>::infinity();
+}
+
 void CEChart::Add(int trace, double t, double v)
 {
-    Add(trace, &t, &v, 1);
+    const ChartSample sample{t, v};
+    m_state->data.Add(trace, {&sample, 1}, Bridge());
 }
 
 void CEChart::Add(int trace, const double* t, const double* v, int count)
 {
     constexpr int blockSize = 256; // samples per taking of the lock, so that drawing need not wait
-    const double bridge = joinMax > 0 ? joinMax : std::numeric_limits<double>::infinity();
     std::array<ChartSample, blockSize> block;
     for (int done = 0; done < count;) {
         const int size = std::min(count - done, blockSize);
         for (int i = 0; i < size; ++i)
             block[static_cast<std::size_t>(i)] = {t[done + i], v[done + i]};
-        m_state->data.Add(trace, {block.data(), static_cast<std::size_t>(size)}, bridge);
+        m_state->data.Add(trace, {block.data(), static_cast<std::size_t>(size)}, Bridge());
         done += size;
     }
 }

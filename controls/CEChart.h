@@ -68,9 +68,10 @@ public:
 
     /** @name Fields @{ */
     int timeLabels = timeRelative; ///< TimeLabels
-    double joinMax = 0.0;          ///< seconds without samples over which a line still goes on; 0: any time
-    int refresh = 40; ///< milliseconds between redraws while samples come; 0: only Update() redraws.
-                      ///< Read when the window is created.
+    double joinMax = 0.0; ///< seconds without samples over which a line still goes on; 0: any time. Set it
+                          ///< before another thread adds samples.
+    int refresh = 40;     ///< milliseconds between redraws while samples come; 0: only Update() redraws.
+                          ///< Read when the window is created.
     /** @} */
 
     /** @name Strips and traces
@@ -146,6 +147,7 @@ protected:
     DECLARE_MESSAGE_MAP()
 
 private:
+    double Bridge() const noexcept;
     bool HoldsNumber() const;
     void AddBound();
     void SyncTimes();

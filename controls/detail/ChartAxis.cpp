@@ -167,7 +167,11 @@ double RoundStep(std::span<const double> table, double least) noexcept
     const double decade = std::pow(10.0, std::floor(std::log10(least)));
     // The next marker is above its argument: what is round itself must stay.
     constexpr double belowRound = 1 - 1e-9;
-    return decade * NextMarker(table, least / decade * belowRound);
+    constexpr double wholeDecade = 10;
+    double step = NextMarker(table, least / decade * belowRound);
+    while (step < wholeDecade && std::fabs(std::remainder(wholeDecade, step)) > slack)
+        step = NextMarker(table, step);
+    return decade * step;
 }
 
 AxisRange FitRange(std::span<const double> table, AxisRange data, AxisRange before, int divisions) noexcept

@@ -14,20 +14,25 @@ SamplePyramid::SamplePyramid(std::size_t capacity)
     // The ring need not begin at a block's beginning: one block more than fit, and one being begun.
     constexpr Index spare = 2;
     for (Index blocks = m_capacity >> fanBits; blocks > 0; blocks >>= fanBits)
-        m_levels.push_back({std::make_unique_for_overwrite<Node[]>(blocks + spare), blocks + spare});
+        m_levels.push_back({std::make_unique_for_overwrite<Node[]>(blocks + spare), blocks + spare, 0});
 }
 
 void SamplePyramid::Add(double t, double v) noexcept
 {
     const Index i = m_end;
-    m_times[i % m_capacity] = t;
-    m_values[i % m_capacity] = v;
+    m_times[m_next] = t;
+    m_values[m_next] = v;
+    // Dividing for every sample and level would take most of the time.
+    if (++m_next == m_capacity)
+        m_next = 0;
     int bits = fanBits;
     for (Level& level : m_levels) {
-        Node& node = level.nodes[(i >> bits) % level.size];
-        if ((i & ((Index{1} << bits) - 1)) == 0)
-            node = {t, {}};
-        node.values.Add(v);
+        const bool begins = (i & ((Index{1} << bits) - 1)) == 0;
+        if (begins) {
+            level.current = (i >> bits) % level.size;
+            level.nodes[level.current] = {t, {}};
+        }
+        level.nodes[level.current].values.Add(v);
         bits += fanBits;
     }
     ++m_end;

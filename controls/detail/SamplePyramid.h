@@ -52,7 +52,7 @@ public:
     /** Appends a sample, over the oldest when the ring is full. @param t  seconds, not before the newest
      * sample's  @param v  NaN for a missing value */
     void Add(double t, double v) noexcept;
-    void Clear() noexcept { m_end = m_first = 0; }
+    void Clear() noexcept { m_end = m_first = m_next = 0; }
 
     std::size_t Capacity() const noexcept { return m_capacity; }
     std::size_t Count() const noexcept { return static_cast<std::size_t>(m_end - m_first); }
@@ -91,6 +91,7 @@ private:
     struct Level {
         std::unique_ptr<Node[]> nodes;
         Index size = 0;
+        Index current = 0; ///< place of the block being filled
         const Node& At(Index block) const noexcept { return nodes[block % size]; }
     };
     class Sweep;
@@ -101,6 +102,7 @@ private:
     std::size_t m_capacity;
     Index m_first = 0;
     Index m_end = 0;
+    Index m_next = 0; // place of the next sample in the ring
     std::unique_ptr<double[]> m_times;
     std::unique_ptr<double[]> m_values;
     std::vector<Level> m_levels; // [0] of 16 samples each

@@ -117,9 +117,10 @@ TEST(SamplePyramidTest, PutsNoSpikeIntoAWrongColumnAndLosesNone)
 TEST(ChartAxisTest, TakesRoundSteps)
 {
     EXPECT_DOUBLE_EQ(RoundStep(si, 1), 1);
-    EXPECT_DOUBLE_EQ(RoundStep(si, 1.01), 1.5);
-    EXPECT_DOUBLE_EQ(RoundStep(us, 1.01), 2);
-    EXPECT_DOUBLE_EQ(RoundStep(si, 0.0061), 0.0075);
+    EXPECT_DOUBLE_EQ(RoundStep(si, 1.01), 2) << "multiples of 1.5 are not round";
+    EXPECT_DOUBLE_EQ(RoundStep(si, 2.01), 2.5);
+    EXPECT_DOUBLE_EQ(RoundStep(us, 2.01), 5);
+    EXPECT_DOUBLE_EQ(RoundStep(si, 0.0061), 0.01);
     EXPECT_DOUBLE_EQ(RoundStep(si, 8e12), 1e13);
     EXPECT_EQ(RoundStep(si, noValue), 1);
     EXPECT_EQ(RoundStep(si, 0), 1);
@@ -143,8 +144,7 @@ TEST(ChartAxisTest, FitsTheRangeAndChangesItSeldom)
 
 TEST(ChartAxisTest, LabelsValuesWithTheDecimalsOfTheStep)
 {
-    EXPECT_THAT(Labels(ValueTicks(si, {-0.3, 0.3}, 4)),
-                ElementsAre(L"-0.30", L"-0.15", L"0.00", L"0.15", L"0.30"));
+    EXPECT_THAT(Labels(ValueTicks(si, {-0.3, 0.3}, 4)), ElementsAre(L"-0.2", L"0.0", L"0.2"));
     EXPECT_THAT(Labels(ValueTicks(si, {0, 20}, 5)), ElementsAre(L"0", L"5", L"10", L"15", L"20"));
     EXPECT_THAT(Labels(ValueTicks(us, {0, 2e6}, 2)), ElementsAre(L"0", L"1000000", L"2000000"));
     EXPECT_THAT(ValueTicks(si, {5, 5}, 4), IsEmpty());
