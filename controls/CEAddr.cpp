@@ -149,7 +149,8 @@ int CEAddr::OnCreate(LPCREATESTRUCT create)
         return -1;
     TakeValue();
     CopyTips();
-    const DWORD access = greyed ? WS_DISABLED : WS_TABSTOP;
+    m_editable = !greyed && IsEnabled();
+    const DWORD access = (greyed ? 0 : WS_TABSTOP) | (m_editable ? 0 : WS_DISABLED);
     for (int i = 0; i < fields; ++i) {
         CEEdit& edit = edits[static_cast<std::size_t>(i)];
         edit.style = style;

@@ -184,6 +184,9 @@ TEST_F(CEAddrTest, FollowsItsStateAndDrawsThePoints)
     address.state = CECtrl::stShown;
     address.Update(1);
     EXPECT_FALSE(address.edits[2].IsWindowEnabled());
+    address.DestroyWindow();
+    Make(address);
+    EXPECT_FALSE(address.edits[2].IsWindowEnabled()) << "made while it was disabled";
     address.state = CECtrl::stEnabled | CECtrl::stShown;
     address.Update(1);
     EXPECT_TRUE(address.edits[2].IsWindowEnabled());
