@@ -6,6 +6,7 @@
 #include <cmath>
 #include <cstdlib>
 #include <filesystem>
+#include <iterator>
 
 namespace
 {
@@ -50,19 +51,10 @@ double ReadableShare(const Canvas& blank, const Canvas& written)
     return pixels ? static_cast<double>(good) / pixels : 0.0;
 }
 
-} // namespace
+// In the order of the sheets' columns. The rest is the business of the bound variable.
+constexpr State states[] = {stNormal, stHot, stFocused, stPressed, stDisabled};
 
-void PicturesTest::Bring(CECtrl& ctrl, int state)
-{
-    ctrl.state = state == Disabled ? CECtrl::stShown : CECtrl::stShown | CECtrl::stEnabled;
-    ctrl.look = state == Hover     ? int{CECtrl::lookHover}
-                : state == Pressed ? CECtrl::lookHover | CECtrl::lookPressed
-                                   : 0;
-    if (state == Focused)
-        ctrl.SetFocus();
-    else
-        parent.SetFocus();
-}
+} // namespace
 
 std::vector<std::unique_ptr<Canvas>> PicturesTest::DrawStates(CECtrl& ctrl, bool blank)
 {
@@ -75,8 +67,8 @@ std::vector<std::unique_ptr<Canvas>> PicturesTest::DrawStates(CECtrl& ctrl, bool
             ctrl.Init(L"");
     }
     std::vector<std::unique_ptr<Canvas>> drawn;
-    for (int state = 0; state < States; ++state) {
-        Bring(ctrl, state);
+    for (const State state : states) {
+        Pose(ctrl, state, parent);
         drawn.push_back(std::make_unique<Canvas>(client.Width(), client.Height()));
         DrawTo(ctrl, *drawn.back());
     }
@@ -91,8 +83,6 @@ void PicturesTest::Check(const Row& row, int dpi, CECtrl& ctrl,
     if (row.captioned && row.makeBlank) {
         const auto blank = row.makeBlank();
         Open(*blank, dpi);
-        // A row of buttons looks where the mouse is.
-        blank->SendMessage(WM_MOUSEMOVE, 0, MAKELPARAM(1, 1));
         blanks = DrawStates(*blank, false);
     } else if (row.captioned) {
         blanks = DrawStates(ctrl, true);
@@ -103,7 +93,7 @@ void PicturesTest::Check(const Row& row, int dpi, CECtrl& ctrl,
             EXPECT_GE(ReadableShare(*blanks[state], *drawn[state]), 0.97) << row.what << " " << state;
         }
         for (std::size_t other = 0; row.looks && other < state; ++other)
-            EXPECT_EQ(drawn[other]->SameAs(*drawn[state]), !*row.looks && state != Disabled)
+            EXPECT_EQ(drawn[other]->SameAs(*drawn[state]), !*row.looks && states[state] != stDisabled)
                 << row.what << " " << other << " " << state << " at " << dpi;
     }
 }
@@ -120,17 +110,15 @@ void PicturesTest::DrawSheet(const std::vector<Row>& rows, int dpi, const std::w
         ctrls.push_back(row.make());
         height += ctrls.back()->rc.Height() + between;
     }
-    Canvas sheet(scale.ToPx(column * States + 10), scale.ToPx(height));
+    Canvas sheet(scale.ToPx(column * static_cast<int>(std::size(states)) + 10), scale.ToPx(height));
     sheet.Fill(Vant::back);
     int y = edge;
     for (std::size_t i = 0; i < rows.size(); ++i) {
         CECtrl& ctrl = *ctrls[i];
         Open(ctrl, dpi);
-        ctrl.SendMessage(WM_MOUSEMOVE, 0, MAKELPARAM(1, 1));
         const auto drawn = DrawStates(ctrl, false);
-        for (int state = 0; state < States; ++state)
-            drawn[static_cast<std::size_t>(state)]->CopyTo(sheet, scale.ToPx(edge + state * column),
-                                                           scale.ToPx(y));
+        for (std::size_t state = 0; state < drawn.size(); ++state)
+            drawn[state]->CopyTo(sheet, scale.ToPx(edge + static_cast<int>(state) * column), scale.ToPx(y));
         Check(rows[i], dpi, ctrl, drawn);
         y += ctrl.rc.Height() + between;
     }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "controls/ControlsTest.h"
+#include "examples/gallery/Pose.h"
 
 #include <functional>
 #include <memory>
@@ -13,7 +14,6 @@
 class PicturesTest : public ControlsTest
 {
 protected:
-    enum State { Normal, Hover, Pressed, Focused, Disabled, States };
     using Maker = std::function<std::unique_ptr<CECtrl>()>;
 
     struct Row {
@@ -29,7 +29,6 @@ protected:
     void DrawSheet(const std::vector<Row>& rows, int dpi, const std::wstring& name);
 
 private:
-    void Bring(CECtrl& ctrl, int state);
     std::vector<std::unique_ptr<Canvas>> DrawStates(CECtrl& ctrl, bool blank);
     void Check(const Row& row, int dpi, CECtrl& ctrl, const std::vector<std::unique_ptr<Canvas>>& drawn);
 };
