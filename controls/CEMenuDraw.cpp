@@ -131,14 +131,13 @@ void CEMenu::DrawRow(CDC* dc, int row)
     CRect mark(r.left, r.top, r.left + markW, r.bottom);
     if (const int shown = ent.ShownMark(); shown != CEMEnt::markNone) {
         const auto& piece = shown == CEMEnt::markCheck ? skin::checkMark : skin::bullet;
-        mark.DeflateRect(0, 1); // the edges of a row that is lit
         if (!DrawPiece(*dc, mark, s_skin, piece, cell)) {
             mark.DeflateRect(7, 7);
             dc->FillSolidRect(mark, style.txtCol);
         }
     }
     if (ent.sub) {
-        CRect arrow(r.right - markW, r.top + 1, r.right, r.bottom - 1);
+        const CRect arrow(r.right - markW, r.top, r.right, r.bottom);
         DrawPiece(*dc, arrow, s_skin, skin::subMenu, cell);
     }
     style.Set(dc);

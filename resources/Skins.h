@@ -249,8 +249,8 @@ inline constexpr Region done = skin.region(64, 0, 32, 20, 1, {4, 5, 4, 5});   //
 inline constexpr Region failed = skin.region(96, 0, 32, 20, 1, {4, 5, 4, 5}); ///< Full bar, failed.
 inline constexpr Region paused = skin.region(128, 0, 32, 20, 1, {4, 5, 4, 5}); ///< Full bar, waiting.
 inline constexpr Region busy =
-    skin.region(160, 0, 32, 20); ///< Stripes for an unknown duration: repeat it sideways,
-                                 ///< shifted by a pixel per step, 4 inside the track's ends.
+    skin.region(160, 0, 32, 20, 1, {0, 5, 0, 5}); ///< Stripes for an unknown duration: repeat it sideways,
+                                                  ///< shifted by a pixel per step, 4 inside the track's ends.
 inline constexpr Region wheel = skin.region(192, 0, 20, 20, 8); ///< Turning wheel, eight steps.
 } // namespace process
 
