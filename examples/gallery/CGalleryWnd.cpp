@@ -227,9 +227,9 @@ bool CGalleryWnd::TakeStills()
     return isGood;
 }
 
-void CGalleryWnd::ShowAt(int dpi, const CRect* place)
+void CGalleryWnd::ShowAt(int dpi, const CRect& place)
 {
-    SendMessage(WM_DPICHANGED, MAKEWPARAM(dpi, dpi), reinterpret_cast<LPARAM>(place));
+    SendMessage(WM_DPICHANGED, MAKEWPARAM(dpi, dpi), reinterpret_cast<LPARAM>(&place));
 }
 
 LRESULT CGalleryWnd::OnDpiChanged(WPARAM dpi, LPARAM suggested)
@@ -263,6 +263,13 @@ void CGalleryWnd::OnScale()
 
 LRESULT CGalleryWnd::OnScaleChosen(WPARAM, LPARAM)
 {
-    ShowAt(scales[m_scale]);
+    // As large in units as it was, which is what the system suggests.
+    const CDpi from = Dpi();
+    const CDpi to(scales[m_scale]);
+    CRect place;
+    GetWindowRect(place);
+    const CSize size = to.ToPx(from.ToUnits(CRect(CPoint(0, 0), place.Size()))).Size();
+    place = CRect(place.TopLeft(), size);
+    ShowAt(to.Dpi(), place);
     return 0;
 }

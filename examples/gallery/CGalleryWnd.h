@@ -22,8 +22,8 @@ public:
     /** Height of all that there is to scroll through, units. */
     int ContentH() const { return GetMgrY() + ScrollPos(); }
     /** Shows everything for a scale, as the system has it done when a window comes to another monitor.
-     *  @param place  pixels; null: where it is */
-    void ShowAt(int dpi, const CRect* place = nullptr);
+     *  @param place  of the window, pixels */
+    void ShowAt(int dpi, const CRect& place);
 
 protected:
     afx_msg int OnCreate(LPCREATESTRUCT cs);

@@ -66,7 +66,7 @@ bool TakePicture(CGalleryWnd& gallery, int dpi, const CString& file)
     const int screenH = ::GetSystemMetrics(SM_CYSCREEN);
     const int height = scale.ToPx(gallery.ContentH());
     const CRect place(0, 0, scale.ToPx(CGalleryWnd::contentW), std::min(height, screenH));
-    gallery.ShowAt(dpi, &place);
+    gallery.ShowAt(dpi, place);
     const bool isGood = gallery.TakeStills();
     CImage image;
     // Less what a scroll bar takes.
