@@ -46,11 +46,7 @@ constexpr Entry classes[] = {
     {CECtrl::typeList, Make<CEList>},       {CECtrl::typeWnd, Make<CEWnd>},
     {CECtrl::typeRadio, Make<CERadio>},     {CECtrl::typeRadius, Make<CERadius>},
     {CECtrl::typeBtnList, Make<CEBtnList>}, {CECtrl::typeAttempt, Make<CEAttempt>},
-    {CECtrl::typeText, Make<CEText>},   {CECtrl::typeLabel, Make<CELabel>},
-    {CECtrl::typeEdit, Make<CEEdit>},   {CECtrl::typeBtn, Make<CEBtn>},
-    {CECtrl::typeCheck, Make<CECheck>}, {CECtrl::typeCb, Make<CECb>},
-    {CECtrl::typeList, Make<CEList>},   {CECtrl::typeWnd, Make<CEWnd>},
-    {CECtrl::typeChart, Make<CEChart>}, {CECtrl::typeRadius, Make<CERadius>},
+    {CECtrl::typeChart, Make<CEChart>},
 };
 
 } // namespace
