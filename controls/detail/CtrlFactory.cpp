@@ -44,9 +44,9 @@ constexpr Entry classes[] = {
     {CECtrl::typeCheck, Make<CECheck>},     {CECtrl::typeCb, Make<CECb>},
     {CECtrl::typeSlider, Make<CESlider>},   {CECtrl::typeLed, Make<CELed>},
     {CECtrl::typeList, Make<CEList>},       {CECtrl::typeWnd, Make<CEWnd>},
-    {CECtrl::typeRadio, Make<CERadio>},     {CECtrl::typeRadius, Make<CERadius>},
-    {CECtrl::typeBtnList, Make<CEBtnList>}, {CECtrl::typeAttempt, Make<CEAttempt>},
-    {CECtrl::typeChart, Make<CEChart>},
+    {CECtrl::typeRadio, Make<CERadio>},     {CECtrl::typeChart, Make<CEChart>},
+    {CECtrl::typeRadius, Make<CERadius>},   {CECtrl::typeBtnList, Make<CEBtnList>},
+    {CECtrl::typeAttempt, Make<CEAttempt>},
 };
 
 } // namespace

@@ -308,6 +308,53 @@ void TakePanel(CPictures& pictures)
     pictures.Save(panel, L"panel.png");
 }
 
+/** A window that a chart fills: a depth sounder, an altimeter and a speed log. */
+class CChart : public CVantWnd
+{
+public:
+    CChart() { name = L"Chart"; }
+
+    void SetupCtrls() override
+    {
+        ctrlH = height;
+        chart = static_cast<CEChart*>(NewCtrl(width, CECtrl::typeChart));
+        CEStrip* const depth = chart->AddStrip(L"Depth", length);
+        depth->reversed = 1;
+        depth->share = 3;
+        depth->decimals = 2;
+        CETrace* const sonar = chart->AddTrace(L"Sonar", depth);
+        sonar->fill = 1;
+        CETrace* const altimeter = chart->AddTrace(L"Altimeter", depth);
+        CEStrip* const log = chart->AddStrip(L"Speed", speed);
+        log->share = 2;
+        log->decimals = 1;
+        CETrace* const ground = chart->AddTrace(L"Over ground", log);
+        constexpr double start = 1.47e9; // in 2026
+        constexpr double missing = -32768.0;
+        for (int i = 0; i <= 4800; ++i) {
+            const double t = i * 0.025;
+            const double wild = std::sin(i * 12.9898) * 43758.5453;
+            const double noise = wild - std::floor(wild) - 0.5;
+            chart->Add(sonar->Index(), start + t,
+                       31 + 6 * std::sin(t / 19) + 1.5 * std::sin(t / 3.1) + 0.4 * noise);
+            if (i % 40 == 0)
+                chart->Add(altimeter->Index(), start + t,
+                           i > 3000 && i < 3400 ? missing : 40 + 3 * std::cos(t / 14) + noise);
+            chart->Add(ground->Index(), start + t, 2.2 + 0.5 * std::sin(t / 9) + 0.6 * noise);
+        }
+        chart->timeLabels = CEChart::timeClock;
+        chart->SetSpan(90);
+    }
+
+    static constexpr int width = 640;
+    static constexpr int height = 360;
+    CEChart* chart = nullptr;
+
+private:
+    static constexpr int length = 0; // unit kinds
+    static constexpr int speed = 2;
+};
+
 void FillConsoles()
 {
     constexpr int lines = 40;
@@ -417,6 +464,19 @@ void TakeLists(CPictures& pictures)
     HandleMessages(settleTime);
     lists.open->Open();
     pictures.Save(lists, L"lists.png");
+}
+
+void TakeChart(CPictures& pictures)
+{
+    CChart wnd;
+    wnd.CreateWnd(L"Chart", WS_OVERLAPPEDWINDOW, CRect(40, 40, 100 + CChart::width, 120 + CChart::height));
+    wnd.ShowWindow(SW_SHOW);
+    CRect place;
+    wnd.chart->GetWindowRect(&place);
+    ::SetCursorPos(place.left + place.Width() * 2 / 3, place.top + place.Height() / 3);
+    HandleMessages(settleTime);
+    pictures.Save(*wnd.chart, L"strip-chart.png");
+    ::SetCursorPos(0, 0);
 }
 
 /** A menu, open with a sub-menu. It belongs to the user until it is closed: a timer does that, and takes the
@@ -534,6 +594,7 @@ int main(int argc, char* argv[])
     TakeForm(pictures);
     TakeLists(pictures);
     TakePalettes(pictures);
+    TakeChart(pictures);
     TakeMenu(pictures);
     TakePanel(pictures);
     TakeConsoles(pictures);
