@@ -26,7 +26,8 @@ struct ChartState;
  *
  *  A number that is bound to the control is a trace too, the first one unless others were added before: it
  * is recorded at every AutoUpdate(), that is whenever the application calls CECtrl::UpdateAuCtrls(), with the
- * unit, scale and decimals of the value and its `text` as the name. Its mutex is taken as for every control.
+ * unit, scale and decimals of the value and its `text` as the name, as they are when the window is created or
+ * the first value recorded. Its mutex is taken as for every control.
  *
  *  Each trace keeps its latest samples in a ring. However many there are, drawing takes the time of the
  * pixels: where many samples share a column of pixels, the column goes from the smallest to the largest, so
@@ -93,7 +94,8 @@ public:
 
     /** @name Samples
      *  From any thread, as long as the chart exists. Times of a trace go forward; one that is up to a second
-     * late counts as its newest. An unknown trace and a time that is no number are ignored. @{ */
+     * late counts as its newest. An unknown trace, and a time that is no number or beyond 3,000
+     * years, are ignored. @{ */
     /** @param t  seconds  @param v  in the native unit of the strip */
     void Add(int trace, double t, double v);
     /** Adds many at once, which takes the lock once. */

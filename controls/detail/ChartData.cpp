@@ -49,7 +49,7 @@ void ChartData::Add(int trace, std::span<const ChartSample> samples, double join
 
 void ChartData::AddOne(SamplePyramid& trace, ChartSample sample, double joinMax)
 {
-    if (!std::isfinite(sample.t))
+    if (!(std::fabs(sample.t) < farthest))
         return;
     double t = sample.t - m_shift;
     if (!trace.IsEmpty()) {

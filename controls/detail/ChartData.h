@@ -26,6 +26,8 @@ class ChartData
 {
 public:
     static constexpr double latest = 1.0; ///< seconds that a sample may be late
+    /// Seconds, some 3,000 years: beyond, times are an error, and would cost the others their precision.
+    static constexpr double farthest = 1e11;
 
     /** Adds a trace; its number is one more than the last one's. */
     void AddTrace(std::size_t capacity);

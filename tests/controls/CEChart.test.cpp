@@ -204,6 +204,7 @@ TEST_F(CEChartTest, MovesWhatWasRecordedAlongWhenTheClockIsPutBack)
     ASSERT_TRUE(chart.GetShown(0, min, max));
     EXPECT_LE(min, 10) << "and still shows the minute before";
     chart.Add(0, std::nan(""), 500);
+    chart.Add(0, 1e15, 500);
     chart.Add(7, start, 500);
     Draw();
     ASSERT_TRUE(chart.GetShown(0, min, max));
@@ -413,6 +414,12 @@ TEST_F(PicturesOfChartTest, EveryScale)
         DrawTo(chart, canvas);
         canvas.CopyTo(sheet, 0, size.cy);
         EUnits::system = 0;
+        chart.state = CECtrl::stShown;
+        chart.Update(0);
+        Canvas disabled(size.cx, size.cy);
+        DrawTo(chart, disabled);
+        EXPECT_FALSE(disabled.SameAs(canvas)) << "at " << dpi;
+        EXPECT_TRUE(disabled.Bounds(chart.GetTrace(0)->colour).IsRectEmpty()) << "at " << dpi;
         const CRect trace = canvas.Bounds(chart.GetTrace(0)->colour);
         EXPECT_GT(trace.Width(), size.cx / 2) << "at " << dpi;
         if (const wchar_t* dir = ::_wgetenv(L"VANT_PICTURES"))
