@@ -20,6 +20,8 @@
 #include "controls/CECtrl.h"
 #include "controls/CEEdit.h"
 #include "controls/CEFlex.h"
+#include "controls/CEGrid.h"
+#include "controls/CEGridCol.h"
 #include "controls/CELEnt.h"
 #include "controls/CELabel.h"
 #include "controls/CELed.h"

@@ -2,6 +2,7 @@
 
 #include "controls/CEBtn.h"
 #include "controls/CECheck.h"
+#include "controls/CEGrid.h"
 #include "controls/CELabel.h"
 #include "controls/CEText.h"
 #include "controls/CVantWnd.h"
@@ -175,6 +176,19 @@ CEBtn* CCtrlCat::InsBtn(int width, const CString& text, int id, CObject* target,
     btn->Init(static_cast<LPCWSTR>(text));
     btn->SetCallback(target, handler);
     return static_cast<CEBtn*>(Insert(width, btn.release(), id, flex));
+}
+
+CEGrid* CCtrlCat::InsGrid(int width, const CString& text, int id, int height, CEFlex* flex)
+{
+    auto grid = std::make_unique<CEGrid>();
+    grid->style = catStyle;
+    grid->aux1 = text;
+    const int normalH = ctrlH;
+    ctrlH = height;
+    CECtrl* const inserted = Insert(width, grid.release(), id, flex);
+    ctrlH = normalH;
+    maxY = std::max<int>(maxY, inserted->rc.bottom);
+    return static_cast<CEGrid*>(inserted);
 }
 
 CEText* CCtrlCat::InsText(int width, const CString& text, const CEStyle* style, int align, CEFlex* flex)

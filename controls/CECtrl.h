@@ -54,6 +54,7 @@ public:
         typeList = 4096,
         typeWnd = 8192,
         typeRadio = 16384,
+        typeGrid = 32768,
         typeChart = 65536,
         typeRadius = 131072,
         typeBtnList = 2097152,

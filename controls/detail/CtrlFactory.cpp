@@ -7,6 +7,7 @@
 #include "controls/CEChart.h"
 #include "controls/CECheck.h"
 #include "controls/CEEdit.h"
+#include "controls/CEGrid.h"
 #include "controls/CELabel.h"
 #include "controls/CELed.h"
 #include "controls/CEList.h"
@@ -44,9 +45,9 @@ constexpr Entry classes[] = {
     {CECtrl::typeCheck, Make<CECheck>},     {CECtrl::typeCb, Make<CECb>},
     {CECtrl::typeSlider, Make<CESlider>},   {CECtrl::typeLed, Make<CELed>},
     {CECtrl::typeList, Make<CEList>},       {CECtrl::typeWnd, Make<CEWnd>},
-    {CECtrl::typeRadio, Make<CERadio>},     {CECtrl::typeChart, Make<CEChart>},
-    {CECtrl::typeRadius, Make<CERadius>},   {CECtrl::typeBtnList, Make<CEBtnList>},
-    {CECtrl::typeAttempt, Make<CEAttempt>},
+    {CECtrl::typeRadio, Make<CERadio>},     {CECtrl::typeGrid, Make<CEGrid>},
+    {CECtrl::typeChart, Make<CEChart>},     {CECtrl::typeRadius, Make<CERadius>},
+    {CECtrl::typeBtnList, Make<CEBtnList>}, {CECtrl::typeAttempt, Make<CEAttempt>},
 };
 
 } // namespace
