@@ -221,6 +221,21 @@ int CEGrid::CurRow() const noexcept
     return place < 0 ? -1 : RowAt(place);
 }
 
+int CEGrid::RowAt(int place) const noexcept
+{
+    return m_order.RowAt(place);
+}
+
+int CEGrid::PlaceOf(int row) const noexcept
+{
+    return m_order.PlaceOf(row);
+}
+
+bool CEGrid::IsSelected(int row, int col) const noexcept
+{
+    return m_sel.Has(PlaceOf(row), col);
+}
+
 void CEGrid::Sel(int row, int col)
 {
     if (!HasCell(row, col))

@@ -148,8 +148,8 @@ public:
     int SortCol() const noexcept { return m_sortCol; }
     int SortOrder() const noexcept { return m_sortDir; }
     /** The row that is shown at a place from the top, and the place of a row. @{ */
-    int RowAt(int place) const noexcept { return m_order.RowAt(place); }
-    int PlaceOf(int row) const noexcept { return m_order.PlaceOf(row); }
+    int RowAt(int place) const noexcept;
+    int PlaceOf(int row) const noexcept;
     /** @} */
     /** @} */
 
@@ -161,7 +161,7 @@ public:
     /** Selects a cell alone and brings it into view. No callback is called. */
     void Sel(int row, int col);
     void SelAll();
-    bool IsSelected(int row, int col) const noexcept { return m_sel.Has(PlaceOf(row), col); }
+    bool IsSelected(int row, int col) const noexcept;
     /** The selected cells as text: cells separated by tabs, rows by line breaks, of rows and columns with a
      * selected cell; those that are not selected are blank. */
     CString SelText(bool withHeadings);
@@ -257,6 +257,7 @@ private:
     int HeadingAt(CPoint at) const;
     int BorderAt(CPoint at) const;
     CRect PlaceRc(int place, int col) const;
+    void DrawHeadingFace(CDC& dc, const CRect& r, int cell);
     void DrawHeading(CDC& dc, int col, const CRect& r);
     void DrawRow(CDC& dc, const Parts& parts, int place);
     void DrawCell(CDC& dc, int place, int col, const CRect& r);

@@ -30,15 +30,17 @@ constexpr int leastDigits = 3;
 enum HeadingCell { headNormal, headHover, headPressed };
 
 /** Fills a triangle that points up or down, in the middle of `r`. */
-void DrawArrow(CDC& dc, const CRect& r, bool up)
+void DrawArrow(CDC& dc, const CRect& r, bool up, COLORREF colour)
 {
     const int x = static_cast<int>(r.left + r.right) / 2;
     const int y = static_cast<int>(r.top + r.bottom) / 2;
     const int tip = up ? y - arrowHalf / 2 : y + arrowHalf / 2;
     const int base = up ? y + arrowHalf / 2 : y - arrowHalf / 2;
     const POINT corners[] = {{x - arrowHalf, base}, {x + arrowHalf, base}, {x, tip}};
-    const HGDIOBJ pen = ::SelectObject(dc, ::GetStockObject(WHITE_PEN));
-    const HGDIOBJ brush = ::SelectObject(dc, ::GetStockObject(WHITE_BRUSH));
+    const HGDIOBJ pen = ::SelectObject(dc, ::GetStockObject(DC_PEN));
+    const HGDIOBJ brush = ::SelectObject(dc, ::GetStockObject(DC_BRUSH));
+    ::SetDCPenColor(dc, colour);
+    ::SetDCBrushColor(dc, colour);
     ::Polygon(dc, corners, static_cast<int>(std::size(corners)));
     ::SelectObject(dc, brush);
     ::SelectObject(dc, pen);
@@ -249,18 +251,33 @@ void CEGrid::GetTip(CString& tipText)
         CECtrl::GetTip(tipText);
 }
 
+/** Draws what is behind a heading. @param cell  HeadingCell */
+void CEGrid::DrawHeadingFace(CDC& dc, const CRect& r, int cell)
+{
+    // Disabled text would be too faint on the lit bar.
+    constexpr int inactiveCell = 1;
+    const bool drawn = IsEnabled() ? vant::detail::DrawPiece(dc, r, Vant::grad2, vant::skins::grad2::heading,
+                                                             cell, BackCol())
+                                   : vant::detail::DrawPiece(dc, r, Vant::grad2, vant::skins::grad2::caption,
+                                                             inactiveCell, BackCol());
+    if (!drawn)
+        dc.FillSolidRect(r, Vant::grey);
+    if (!IsEnabled())
+        dc.FillSolidRect(r.right - 1, r.top, 1, r.Height(), Vant::grey);
+}
+
 void CEGrid::DrawHeading(CDC& dc, int col, const CRect& r)
 {
     const bool pressed = m_grip == Grip::Heading && col == m_gripCol;
     const bool hot = IsEnabled() && col == m_hotCol && m_grip == Grip::None && GetCol(col)->sortable;
     const int cell = pressed ? headPressed : hot ? headHover : headNormal;
-    if (!vant::detail::DrawPiece(dc, r, Vant::grad2, vant::skins::grad2::heading, cell, BackCol()))
-        dc.FillSolidRect(r, Vant::grey);
+    DrawHeadingFace(dc, r, cell);
+    const COLORREF colour = IsEnabled() ? vant::detail::litText : vant::detail::disabledText;
     CRect place = r;
     place.DeflateRect(textInset, 0);
     if (col == m_sortCol) {
         DrawArrow(dc, {place.right - arrowRoom + textInset, r.top, place.right, r.bottom},
-                  m_sortDir == sortUp);
+                  m_sortDir == sortUp, colour);
         place.right -= arrowRoom;
     }
     const CEGridCol& column = *GetCol(col);
@@ -273,7 +290,7 @@ void CEGrid::DrawHeading(CDC& dc, int col, const CRect& r)
         left = std::max(left, static_cast<int>(place.right) - nameW - unitW);
     else if (column.DrawAlign() == DT_CENTER)
         left = std::max(left, static_cast<int>(place.left + place.right - nameW - unitW) / 2);
-    dc.SetTextColor(IsEnabled() ? vant::detail::litText : vant::detail::disabledText);
+    dc.SetTextColor(colour);
     vant::detail::DrawLine(dc, column.heading, {left, r.top, left + nameW, r.bottom}, DT_LEFT);
     if (IsEnabled())
         dc.SetTextColor(style.txtCol);
@@ -337,9 +354,7 @@ void CEGrid::Draw(CDC* dc)
 
     int saved = dc->SaveDC();
     dc->IntersectClipRect(parts.head);
-    if (!vant::detail::DrawPiece(*dc, parts.head, Vant::grad2, vant::skins::grad2::heading, headNormal,
-                                 BackCol()))
-        dc->FillSolidRect(parts.head, Vant::grey);
+    DrawHeadingFace(*dc, parts.head, headNormal);
     dc->IntersectClipRect(parts.cells.left, parts.head.top, parts.head.right, parts.head.bottom);
     const int x = static_cast<int>(parts.cells.left) - Offset();
     for (int col = 0; col < ColCount(); ++col) {

@@ -9,6 +9,7 @@
 #include <cmath>
 #include <cstdio>
 #include <string>
+#include <vector>
 
 namespace
 {
@@ -205,6 +206,57 @@ private:
     int m_pulse = 0;
     int m_frequency = 400;
     int m_line = 4;
+};
+
+/** A log of soundings in a grid. */
+class CTable : public CVantWnd
+{
+public:
+    CTable() { name = L"Table"; }
+
+    void SetupCtrls() override
+    {
+        constexpr int soundings = 500;
+        m_log.resize(soundings);
+        for (int i = 0; i < soundings; ++i) {
+            const double swell = std::sin(i * 0.7);
+            m_log[static_cast<std::size_t>(i)] = {1 + i / 40, i % 17 == 5 ? -32768.0 : 24.6 + 3.1 * swell,
+                                                  14.2 + 0.3 * swell,
+                                                  i % 9 == 4 ? L"Wreck, two pieces" : L""};
+        }
+        CEFlex flex;
+        flex.right = flex.bottom = 1.0;
+        SetPos(8, 8);
+        grid = InsGrid(gridW, L"Log", 1, gridH, &flex);
+        grid->rowNumbers = 1;
+        const std::size_t stride = sizeof m_log[0];
+        grid->AddCol(L"Line", 54)->InitRows(&m_log[0].line, stride);
+        CEGridCol& depth = *grid->AddCol(L"Depth", 84);
+        depth.InitRows(&m_log[0].depth, stride);
+        depth.units = 0;
+        depth.decimals = 2;
+        CEGridCol& temperature = *grid->AddCol(L"Temperature", 114);
+        temperature.InitRows(&m_log[0].temperature, stride);
+        temperature.units = 1;
+        temperature.decimals = 1;
+        grid->AddCol(L"Note", 96)->InitRows(&m_log[0].note, stride);
+        grid->SetRows(soundings);
+        grid->Sort(1, CEGrid::sortDown);
+    }
+
+    CEGrid* grid = nullptr;
+
+private:
+    static constexpr int gridW = 404;
+    static constexpr int gridH = 288;
+
+    struct Sounding {
+        int line;
+        double depth;
+        double temperature;
+        CString note;
+    };
+    std::vector<Sounding> m_log;
 };
 
 /** A sonar's panel: what is set by sliding and choosing, what lamps and bars show. */
@@ -479,6 +531,26 @@ void TakeChart(CPictures& pictures)
     ::SetCursorPos(0, 0);
 }
 
+void TakeTable(CPictures& pictures)
+{
+    CTable table;
+    table.CreateWnd(L"Soundings", WS_OVERLAPPEDWINDOW, CRect(40, 40, 472, 380));
+    table.ShowWindow(SW_SHOW);
+    HandleMessages(settleTime);
+    CEGrid& grid = *table.grid;
+    grid.Sel(grid.RowAt(3), 1);
+    grid.SetFocus();
+    const CRect to = grid.Dpi().ToPx(grid.CellRc(grid.RowAt(6), 2));
+    const LPARAM at = MAKELPARAM(to.left + 4, to.top + 4);
+    grid.SendMessage(WM_LBUTTONDOWN, MK_LBUTTON | MK_SHIFT, at);
+    grid.SendMessage(WM_LBUTTONUP, 0, at);
+    HandleMessages(settleTime);
+    pictures.Save(table, L"grid.png");
+    grid.Sel(grid.RowAt(4), 1);
+    grid.BeginEdit();
+    pictures.Save(table, L"grid-edit.png");
+}
+
 /** A menu, open with a sub-menu. It belongs to the user until it is closed: a timer does that, and takes the
  * picture before. */
 void TakeMenu(CPictures& pictures)
@@ -595,6 +667,7 @@ int main(int argc, char* argv[])
     TakeLists(pictures);
     TakePalettes(pictures);
     TakeChart(pictures);
+    TakeTable(pictures);
     TakeMenu(pictures);
     TakePanel(pictures);
     TakeConsoles(pictures);
