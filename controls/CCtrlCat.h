@@ -155,8 +155,8 @@ public:
     /** A push button that calls `handler` of `target`. */
     CEBtn* InsBtn(int width, const CString& text, int id, CObject* target, CEVal::CbNone handler,
                   CEFlex* flex = nullptr);
-    /** A grid, `height` high instead of a control's height, for which the category gets room; the cursor stays
-     * on the line of its upper edge. Columns and rows are yet to be added.
+    /** A grid, `height` high instead of a control's height, for which the category gets room; the cursor
+     * stays on the line of its upper edge. Columns and rows are yet to be added.
      *  @param text  name under which the settings keep its columns (its `aux1`); empty: they do not */
     CEGrid* InsGrid(int width, const CString& text, int id, int height, CEFlex* flex = nullptr);
     /** A fixed text. @param style  copied; null: the category's  @param align  DT_LEFT, DT_CENTER or DT_RIGHT

@@ -110,12 +110,14 @@ void CEGrid::RowsInserted(int at, int count)
         return;
     MoveBoundCells(at, count);
     const bool wasEmpty = m_rows == 0;
+    const bool isStored = vant::detail::NumberOf(*this) == CurRow();
     m_sel.InsertRows(m_order.IsOn() ? m_rows : at, count);
     m_order.InsertRows(at, count);
     m_rows += count;
     if (m_editRow >= at)
         m_editRow += count;
-    StoreRow();
+    if (isStored)
+        StoreRow();
     Refresh();
     if (wasEmpty)
         SortAgain();
@@ -128,13 +130,15 @@ void CEGrid::RowsRemoved(int at, int count)
     count = std::min(count, m_rows - at);
     if (m_editing && m_editRow >= at && m_editRow < at + count)
         EndEdit(false);
+    const bool isStored = vant::detail::NumberOf(*this) == CurRow();
     MoveBoundCells(at, -count);
     for (const auto& [first, last] : m_order.RemoveRows(at, count))
         m_sel.RemoveRows(first, last - first + 1);
     m_rows -= count;
     if (m_editRow >= at + count)
         m_editRow -= count;
-    StoreRow();
+    if (isStored)
+        StoreRow();
     Refresh();
 }
 

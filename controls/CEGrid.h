@@ -65,11 +65,11 @@ class VANT_API CEGrid : public CECtrl
 
 public:
     /** Members of a source, cast to members of CObject. Columns of numbers take and give `num`, all others
-     * `text`. @{ */
+     * `text`; whole numbers are rounded, and know no missing data. @{ */
     /** Gives the content of a cell. Called for every cell in view whenever it is drawn. */
     using GetFn = void (CObject::*)(CEGridCell& cell);
-    /** Stores what the user entered, which is valid. @return 1; or 0 if it cannot be, with the reason in
-     * `text`, which alarm 40 then shows */
+    /** Stores what the user entered, which is valid. @return 1; or 0 if it cannot be, and why in `reason`,
+     * which alarm 40 then shows */
     using PutFn = int (CObject::*)(const CEGridCell& cell, CString& reason);
     /** Puts the rows in order. @param dir  SortDir  @return 1; or 0 for a column that it cannot sort by */
     using SortFn = int (CObject::*)(int col, int dir);
@@ -111,8 +111,8 @@ public:
     /** Sets the number of rows, which come or go at the end. */
     void SetRows(int count);
     /** Tells that rows have been inserted or removed: the selection, the order, bound cells and the edit that
-     * is going on move along. New rows stand last while the grid is sorted. An edit of a row that goes is
-     * given up. @{ */
+     * is going on move along, and so does the bound variable if it holds the current row. New rows stand last
+     * while the grid is sorted. An edit of a row that goes is given up. @{ */
     void RowsInserted(int at, int count);
     void RowsRemoved(int at, int count);
     /** @} */

@@ -315,13 +315,15 @@ void CEGrid::DrawCell(CDC& dc, int place, int col, const CRect& r)
 
 void CEGrid::DrawRow(CDC& dc, const Parts& parts, int place)
 {
-    const CRect first = PlaceRc(place, 0);
+    const CRect& cells = parts.cells;
+    const int top = static_cast<int>(cells.top) + (place - First()) * rowH;
+    const int x = static_cast<int>(cells.left) - Offset();
     if (place % 2 != 0 && IsEnabled())
-        dc.FillSolidRect(CRect(parts.cells.left, first.top, parts.cells.right, first.bottom), Vant::slate);
+        dc.FillSolidRect(CRect(cells.left, top, cells.right, top + rowH), Vant::slate);
     const int from = std::max(m_layout.At(Offset()), 0);
-    for (int col = from; col < ColCount() && m_layout.Left(col) < Offset() + parts.cells.Width(); ++col) {
+    for (int col = from; col < ColCount() && m_layout.Left(col) < Offset() + cells.Width(); ++col) {
         if (m_layout.Width(col) > 0)
-            DrawCell(dc, place, col, PlaceRc(place, col));
+            DrawCell(dc, place, col, {x + m_layout.Left(col), top, x + m_layout.Right(col), top + rowH});
     }
 }
 

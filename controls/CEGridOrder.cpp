@@ -50,8 +50,15 @@ CString ItemName(const CString& name)
 /** Gives the clipboard to a text. */
 bool PutOnClipboard(CWnd& owner, std::wstring_view text)
 {
-    if (!owner.OpenClipboard())
-        return false;
+    // Programs that watch the clipboard have it for a moment after every change.
+    constexpr int attempts = 5;
+    constexpr DWORD pause = 10; // milliseconds
+    int attempt = 1;
+    while (!owner.OpenClipboard()) {
+        if (attempt++ == attempts)
+            return false;
+        ::Sleep(pause);
+    }
     ::EmptyClipboard();
     const std::size_t bytes = text.size() * sizeof(wchar_t);
     const HGLOBAL memory = ::GlobalAlloc(GMEM_MOVEABLE, bytes + sizeof(wchar_t));

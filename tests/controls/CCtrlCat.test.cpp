@@ -2,6 +2,7 @@
 
 #include "controls/CEBtn.h"
 #include "controls/CECheck.h"
+#include "controls/CEGrid.h"
 #include "controls/CELabel.h"
 #include "controls/CEText.h"
 #include "controls/CEWnd.h"
@@ -152,7 +153,7 @@ TEST_F(CCtrlCatTest, BindsEveryTypeWithItsCode)
 TEST_F(CCtrlCatTest, MakesControlsByTheirCodes)
 {
     CCtrlCat cat;
-    const int codes[] = {16, 32, 128, 256, 512, 1024, 2048, 4096, 8192, 16384, 2097152, 4194304};
+    const int codes[] = {16, 32, 128, 256, 512, 1024, 2048, 4096, 8192, 16384, 32768, 2097152, 4194304};
     for (const int code : codes) {
         const CECtrl* const ctrl = cat.NewCtrl(10, code);
         ASSERT_NE(ctrl, nullptr) << code;
@@ -373,4 +374,14 @@ TEST_F(CCtrlCatTest, ClearingForgetsControlsWithoutDeleting)
     EXPECT_EQ(CPoint(cat.curX, cat.curY), CPoint(10, 10));
     EXPECT_EQ(cat.GetCtrlExtents(), CSize(-1, -1));
     EXPECT_EQ(ctrl->text, L"x");
+}
+
+TEST_F(CCtrlCatTest, HasRoomForAGrid)
+{
+    CCtrlCat cat;
+    const CEGrid* const inserted = cat.InsGrid(300, L"Log", 5, 150);
+    EXPECT_EQ(inserted->rc, CRect(10, 10, 310, 160));
+    EXPECT_EQ(inserted->id, 5);
+    EXPECT_EQ(inserted->aux1, L"Log");
+    EXPECT_EQ(cat.GetCtrlHeight(), 160);
 }
