@@ -104,6 +104,23 @@ void CEAddr::Retreive()
     CEVal::operator=(bytes);
 }
 
+int CEAddr::Press()
+{
+    return edits[0].Press();
+}
+
+int CEAddr::Jog(int, double, int)
+{
+    return 0;
+}
+
+void CEAddr::SetGlow(int strength)
+{
+    CECtrl::SetGlow(strength);
+    for (CEEdit& edit : edits)
+        edit.SetGlow(strength);
+}
+
 void CEAddr::CtrlUpd()
 {
     if (greyed)

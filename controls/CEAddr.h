@@ -37,6 +37,13 @@ public:
     /** Draws what is around the fields: background, gaps and points. */
     void Draw(CDC* dc) override;
 
+    /** Takes the focus, for its first field. */
+    int Press() override;
+    /** Does nothing: an address is no number. */
+    int Jog(int notches, double step, int fine) override;
+    /** Lets the fields glow with it. */
+    void SetGlow(int strength) override;
+
     /** Called by a field that has stored its number: stores the address and calls the callbacks, unless it is
      * #greyed. */
     void CtrlUpd();

@@ -21,6 +21,11 @@ bool CEBtn::IsLatched() const
     return vant::detail::Bits(*this) != vant::detail::MaskState::None;
 }
 
+int CEBtn::Jog(int notches, double, int)
+{
+    return vant::detail::IsInteger(*this) ? JogSwitch(IsLatched(), notches) : 0;
+}
+
 unsigned long CEBtn::WndStyle() const
 {
     return ClickCtrl::WndStyle() | WS_TABSTOP | keepFocus;

@@ -27,6 +27,9 @@ public:
     /** Whether it is bound to an integer with a bit of the mask set. */
     bool IsLatched() const;
 
+    /** Latches or unlatches one that is bound to an integer. */
+    int Jog(int notches, double step, int fine) override;
+
     void Draw(CDC* dc) override;
     /** With WS_TABSTOP. */
     unsigned long WndStyle() const override;

@@ -141,6 +141,40 @@ void CEBtnList::Move(int from, int by)
     Click();
 }
 
+int CEBtnList::Press()
+{
+    if (!m_hWnd || !IsWindowEnabled())
+        return 0;
+    const int chosen = Chosen();
+    for (int i = 1; i <= Count(); ++i) {
+        const int btn = (chosen + i) % Count();
+        if (!IsBtnEnabled(btn) || btn == chosen)
+            continue;
+        m_held = btn;
+        Click();
+        return 1;
+    }
+    return 0;
+}
+
+int CEBtnList::Jog(int notches, double, int)
+{
+    const int chosen = Chosen();
+    const int by = notches < 0 ? -1 : 1;
+    int to = chosen;
+    for (int btn = chosen + by; notches != 0 && btn >= 0 && btn < Count(); btn += by) {
+        if (!IsBtnEnabled(btn))
+            continue;
+        to = btn;
+        notches -= by;
+    }
+    if (to == chosen)
+        return 0;
+    m_held = to;
+    Click();
+    return 1;
+}
+
 bool CEBtnList::IsInside(CPoint px) const
 {
     return ClickCtrl::IsInside(px) && BtnAt(Dpi().ToUnits(px)) == m_held;

@@ -42,6 +42,10 @@ public:
     int BtnAt(CPoint at) const;
     /** @} */
 
+    /** Chooses the next button that can be used, after the last one the first. */
+    int Press() override;
+    /** Chooses a button farther on: right for more. */
+    int Jog(int notches, double step, int fine) override;
     void Draw(CDC* dc) override;
     /** With WS_TABSTOP. */
     unsigned long WndStyle() const override;

@@ -95,6 +95,10 @@ public:
     void Close();
     bool IsOpen() const noexcept;
 
+    /** Opens the list or, while it is open, chooses its current entry. */
+    int Press() override;
+    /** Moves the current entry of the open list; chooses a later or earlier entry of a closed one at once. */
+    int Jog(int notches, double step, int fine) override;
     void Update(int arg) override;
     /** Stores the entry shown in the bound variable, without a callback. */
     void Retreive() override;

@@ -108,6 +108,20 @@ void CECb::OpenOrChoose()
         Open();
 }
 
+int CECb::Press()
+{
+    if (!m_hWnd || !IsWindowEnabled())
+        return 0;
+    OpenOrChoose();
+    return 1;
+}
+
+int CECb::Jog(int notches, double step, int fine)
+{
+    m_list->Follow();
+    return m_list->Jog(notches, step, fine);
+}
+
 void CECb::OnKeyDown(UINT key, UINT repeat, UINT flags)
 {
     m_altAlone = false;

@@ -1,5 +1,6 @@
 #include "controls/CECheck.h"
 
+#include "controls/detail/BoundNumber.h"
 #include "controls/detail/MaskBits.h"
 #include "resources/Skins.h"
 
@@ -18,6 +19,11 @@ CECheck::CECheck()
 bool CECheck::IsChecked() const
 {
     return vant::detail::Bits(*this) != MaskState::None;
+}
+
+int CECheck::Jog(int notches, double, int)
+{
+    return vant::detail::IsInteger(*this) ? JogSwitch(IsChecked(), notches) : 0;
 }
 
 int CECheck::ShownState() const

@@ -27,6 +27,9 @@ public:
     /** Whether a bit of the mask is set. */
     bool IsChecked() const;
 
+    /** Checks or clears it. */
+    int Jog(int notches, double step, int fine) override;
+
 protected:
     void OnClick() override;
     int ShownState() const override;

@@ -21,6 +21,7 @@ CECtrl::CECtrl()
 
 CECtrl::~CECtrl()
 {
+    m_self.reset();
     if (m_hWnd)
         DestroyWindow();
     s_auCtrls.RemoveAt(s_auCtrls.Find(this));
@@ -127,14 +128,24 @@ void CECtrl::OnPaint()
         return;
     if (dblBuf) {
         vant::detail::PaintBuffer buffer(dc, client.Size(), Dpi(), BackCol());
-        Draw(&buffer.Dc());
+        DrawAll(buffer.Dc());
         buffer.Show();
         return;
     }
     const int saved = dc.SaveDC();
     Dpi().Apply(dc);
+    DrawAll(dc);
+    dc.RestoreDC(saved);
+}
+
+void CECtrl::DrawAll(CDC& dc)
+{
+    if (glow == 0)
+        return Draw(&dc);
+    const int saved = dc.SaveDC();
     Draw(&dc);
     dc.RestoreDC(saved);
+    DrawGlow(dc, ClientRc());
 }
 
 BOOL CECtrl::OnEraseBkgnd(CDC*)

@@ -8,6 +8,8 @@
 
 #include <afxwin.h>
 
+#include <memory>
+
 class CESetObj;
 class CVantWnd;
 
@@ -84,6 +86,7 @@ public:
     int bmW = 0;      ///< width of the skin, pixels
     int bmH = 0;      ///< height of the skin, pixels
     int look = 0;     ///< LookBits
+    int glow = 0;     ///< strength of the glow over it, 0 to 255; set by SetGlow()
     CEStyle style;    ///< how it is drawn, at first a copy of CEStyle::s_default
     CVantWnd* pWnd = nullptr; ///< the platform window whose category it is in; null outside one. Not owned.
     /** @} */
@@ -139,6 +142,25 @@ public:
     virtual void Settings(CESetObj& obj);
     /** @} */
 
+    /** @name Operation by an external controller (CRcMgr)
+     *  What they call may destroy the window, but not delete the control. @{ */
+    /** Does what a click does. Here a click in the middle of the window is sent to it; fields for text and
+     * numbers take the focus. @return 1; 0 if there is nothing to press, or it is disabled */
+    virtual int Press();
+    /** Changes the value by some notches of a dial, clamped to the value's range and to what the variable
+     * holds, and calls the callbacks if it has changed. A value beyond its range stays when it is asked to go
+     * farther. Here the number is changed by the step (CEVal::AdjustVal()), as of a read-out; controls that
+     * choose among few values go on by one for each notch.
+     *  @param notches  negative: less  @param step  change per notch, in the variable's unit; 0: the
+     * control's own, which a plain control has not got  @param fine  non-zero: the smaller of its own steps
+     *  @return 1 if the value has changed */
+    virtual int Jog(int notches, double step, int fine);
+    /** Lets the control glow: it draws the glow itself, over all else. @param strength  0 to 255 */
+    virtual void SetGlow(int strength);
+    /** A reference that is empty as soon as the destruction of the control begins. */
+    std::weak_ptr<CECtrl*> Watch();
+    /** @} */
+
     /** Blends the glow image, stretched, over `r` (units); nothing before it is loaded. @param alpha  0 to
      * 255, lower byte */
     void Glow(CDC* dc, CRect& r, int alpha);
@@ -161,6 +183,12 @@ public:
 protected:
     /** Fills the client rectangle with the colour of what the control stands on. */
     void DrawBack(CDC* dc) const;
+    /** Draws the glow of #glow around `r`, units: a ring as wide on all sides, however long that is. */
+    void DrawGlow(CDC& dc, const CRect& r);
+    /** The number for Jog(): changes it by an amount, then updates the control and calls the callbacks.
+     *  @param grid  a floating number that is a whole multiple of it stays one  @return 1 if it has changed
+     */
+    int JogNumber(double by, double grid);
 
     afx_msg void OnPaint();
     afx_msg BOOL OnEraseBkgnd(CDC* dc);
@@ -168,10 +196,12 @@ protected:
     DECLARE_MESSAGE_MAP()
 
 private:
+    void DrawAll(CDC& dc);
     void ReleaseSkin();
     void ShowHover(bool over);
     void PassFocusOn();
 
     CBitmap m_bmNorm;
     CBitmap m_bmGrey;
+    std::shared_ptr<CECtrl*> m_self; // made by the first Watch()
 };

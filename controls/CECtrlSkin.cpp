@@ -6,6 +6,8 @@
 #include "platform/detail/SystemCalls.h"
 #include "resources/Skins.h"
 
+#include <algorithm>
+#include <array>
 #include <cstdint>
 #include <cstdlib>
 #include <memory>
@@ -89,4 +91,41 @@ void CECtrl::Glow(CDC* dc, CRect& r, int alpha)
     constexpr vant::skins::Region image = vant::skins::glow::all;
     const BLENDFUNCTION blend{AC_SRC_OVER, 0, static_cast<BYTE>(alpha), AC_SRC_ALPHA};
     dc->AlphaBlend(r.left, r.top, r.Width(), r.Height(), &s_glow, image.x, image.y, image.w, image.h, blend);
+}
+
+namespace
+{
+
+/** A piece of a length, and the length that the whole image has for that piece of it. */
+struct GlowSpan {
+    int from, to;
+    int imageFrom, imageTo;
+};
+
+/** The two ends, which are not stretched, and the middle, which has the middle half of the image. */
+std::array<GlowSpan, 3> GlowSpans(int from, int to, int end)
+{
+    const int reach = (to - from - 2 * end) / 2 + 1; // of the image, beyond the middle
+    return {{{from, from + end, from, from + 2 * end},
+             {from + end, to - end, from + end - reach, to - end + reach},
+             {to - end, to, to - 2 * end, to}}};
+}
+
+} // namespace
+
+void CECtrl::DrawGlow(CDC& dc, const CRect& r)
+{
+    constexpr int size = vant::skins::glow::all.w;
+    const int end = std::min({r.Width(), r.Height(), size}) / 2;
+    for (const GlowSpan& across : GlowSpans(r.left, r.right, end)) {
+        for (const GlowSpan& down : GlowSpans(r.top, r.bottom, end)) {
+            if (across.from >= across.to || down.from >= down.to)
+                continue;
+            const int saved = dc.SaveDC();
+            dc.IntersectClipRect(across.from, down.from, across.to, down.to);
+            CRect image(across.imageFrom, down.imageFrom, across.imageTo, down.imageTo);
+            Glow(&dc, image, glow);
+            dc.RestoreDC(saved);
+        }
+    }
 }

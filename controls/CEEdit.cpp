@@ -1,5 +1,7 @@
 #include "controls/CEEdit.h"
 
+#include "controls/detail/BoundNumber.h"
+#include "controls/detail/JogStep.h"
 #include "platform/Vant.h"
 #include "values/detail/ValueType.h"
 
@@ -118,6 +120,30 @@ void CEEdit::Update(int withText)
     }
     if (!(m_shown == ColoursFor(validNow != 0)))
         RedrawWindow(nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME);
+}
+
+int CEEdit::Press()
+{
+    if (!m_hWnd || !IsWindowEnabled())
+        return 0;
+    const HWND self = m_hWnd;
+    ::SetFocus(self);
+    // A field that loses the focus calls its callbacks.
+    if (::IsWindow(self))
+        ::SendMessageW(self, EM_SETSEL, 0, -1);
+    return 1;
+}
+
+int CEEdit::Jog(int notches, double step, int fine)
+{
+    if (!IsInUse())
+        return 0;
+    if (!(step > 0)) {
+        const auto [low, high] = std::minmax(rangeMin, rangeMax);
+        const auto own = vant::detail::OwnJogSteps(vant::detail::IsInteger(*this), rangeSet != 0, low, high);
+        step = fine ? own.fine : own.coarse;
+    }
+    return JogNumber(notches * step, step);
 }
 
 void CEEdit::GetTip(CString& tipText)

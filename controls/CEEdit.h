@@ -58,6 +58,13 @@ public:
      * brings font and frame in line with the style and with the window's scale. */
     void Update(int withText) override;
 
+    /** Takes the focus and selects the text. */
+    int Press() override;
+    /** Changes a number; what was typed and not stored yet gives way. Its own step is a hundredth of a range
+     * that was set, otherwise 1; the fine one a tenth of that, for integers 1. */
+    int Jog(int notches, double step, int fine) override;
+    void SetGlow(int strength) override;
+
     /** Copies the value's tip to `tip`, which stays as it was if there is none. */
     void GetTip(CString& tip) override;
 
@@ -110,6 +117,7 @@ private:
     void ApplyLimit();
     void DrawField(CDC& dc, const CRect& r) const;
     void DrawFrame();
+    void PaintGlowing();
     void RefreshFrame();
     int FrameCell() const;
 

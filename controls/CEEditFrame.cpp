@@ -2,6 +2,7 @@
 #include "controls/CEEdit.h"
 
 #include "controls/detail/CtrlText.h"
+#include "controls/detail/PaintBuffer.h"
 #include "controls/detail/SkinPiece.h"
 #include "platform/Vant.h"
 #include "resources/Skins.h"
@@ -135,8 +136,16 @@ void CEEdit::DrawFrame()
     window.OffsetRect(-window.TopLeft());
     dc.ExcludeClipRect(client);
     const CDpi dpi = Dpi();
-    dpi.Apply(dc);
-    DrawField(dc, dpi.ToUnits(window));
+    const CRect r = dpi.ToUnits(window);
+    if (glow == 0) {
+        dpi.Apply(dc);
+        DrawField(dc, r);
+    } else {
+        vant::detail::PaintBuffer buffer(dc, window.Size(), dpi, BackCol());
+        DrawField(buffer.Dc(), r);
+        DrawGlow(buffer.Dc(), r);
+        buffer.Show();
+    }
     m_shownFrame = FrameCell();
     m_shownBack = BackCol();
 }
@@ -165,9 +174,44 @@ void CEEdit::OnEnable(BOOL enable)
     DrawFrame();
 }
 
+void CEEdit::SetGlow(int strength)
+{
+    const int before = glow;
+    CECtrl::SetGlow(strength);
+    if (m_hWnd && glow != before)
+        RedrawWindow(nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME);
+}
+
+/** Paints the text and the glow on it in one step. */
+void CEEdit::PaintGlowing()
+{
+    CPaintDC dc(this);
+    CRect client;
+    CRect window;
+    GetClientRect(client);
+    GetWindowRect(window);
+    ScreenToClient(window);
+    if (client.IsRectEmpty())
+        return;
+    vant::detail::PaintBuffer buffer(dc, client.Size(), CDpi(), BackCol());
+    ::FillRect(buffer.Dc(), &client, ColoursFor(validNow != 0).brush);
+    SendMessage(WM_PRINTCLIENT, reinterpret_cast<WPARAM>(buffer.Dc().m_hDC), PRF_CLIENT);
+    // As for the frame, to the pixel.
+    const CDpi dpi = Dpi();
+    const int saved = buffer.Dc().SaveDC();
+    buffer.Dc().SetViewportOrg(window.TopLeft());
+    dpi.Apply(buffer.Dc());
+    DrawGlow(buffer.Dc(), dpi.ToUnits(CRect(CPoint(0, 0), window.Size())));
+    buffer.Dc().RestoreDC(saved);
+    buffer.Show();
+}
+
 void CEEdit::OnPaint()
 {
-    Default();
+    if (glow != 0)
+        PaintGlowing();
+    else
+        Default();
     RefreshFrame();
 }
 

@@ -146,6 +146,10 @@ public:
     int LengthOf(int count) const noexcept;
     /** @} */
 
+    /** Chooses the selected entry, as Enter does. */
+    int Press() override;
+    /** Selects a later or earlier entry. */
+    int Jog(int notches, double step, int fine) override;
     /** Has the list filled, or else selects what the bound variable names. */
     int Create(unsigned long wndStyle, const RECT& r, CWnd* parent, unsigned int childId) override;
     /** Selects the entry that the bound variable names. */

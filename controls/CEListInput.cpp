@@ -97,6 +97,27 @@ bool CEList::TakeKey(UINT key)
     return true;
 }
 
+int CEList::Press()
+{
+    return m_hWnd && IsWindowEnabled() && TakeKey(VK_RETURN) ? 1 : 0;
+}
+
+int CEList::Jog(int notches, double, int)
+{
+    const int last = GetCount() - 1;
+    if (notches == 0 || last < 0)
+        return 0;
+    const CELEnt* const current = Current();
+    const int at = current ? current->Index() : notches < 0 ? last + 1 : -1;
+    CELEnt* const ent = GetAt(std::clamp(at + std::clamp(notches, -last - 1, last + 1), 0, last));
+    if (ent == current)
+        return 0;
+    m_typed.Reset();
+    Show(ent);
+    OnPick(ent, Pick::Move);
+    return 1;
+}
+
 bool CEList::TakeChar(wchar_t character)
 {
     constexpr wchar_t blank = L' ';

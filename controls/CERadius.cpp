@@ -241,6 +241,22 @@ void CERadius::OnKeyDown(UINT key, UINT repeat, UINT flags)
     }
 }
 
+int CERadius::Press()
+{
+    if (!m_hWnd || !IsWindowEnabled())
+        return 0;
+    SetFocus();
+    return 1;
+}
+
+int CERadius::Jog(int notches, double step, int isFine)
+{
+    if (dragging || notches == 0)
+        return 0;
+    Turn(notches * (step > 0 ? step : isFine ? fine : coarse), 0);
+    return 1;
+}
+
 void CERadius::Turn(double byBrg, double bySlope)
 {
     brg = ML::FModT(std::fmod(brg + byBrg, ML::pi2) + ML::pi2, ML::pi2);

@@ -33,6 +33,10 @@ public:
     void Update(int arg) override;
     /** Writes the bearing into the bound variable. */
     void Retreive() override;
+    /** Takes the focus. */
+    int Press() override;
+    /** Turns the bearing, clockwise for more: by the step, radians, or as the keys do. Not during a drag. */
+    int Jog(int notches, double step, int fine) override;
     void Draw(CDC* dc) override;
     /** With WS_TABSTOP. */
     unsigned long WndStyle() const override;

@@ -295,6 +295,30 @@ bool CESlider::KeyAdjust(UINT key)
     }
 }
 
+int CESlider::Press()
+{
+    if (!m_hWnd || !IsWindowEnabled())
+        return 0;
+    SetFocus();
+    return 1;
+}
+
+int CESlider::Jog(int notches, double by, int fine)
+{
+    if (dragging || notches == 0)
+        return 0;
+    // A key that is held down has not told of its change yet.
+    if (m_changed)
+        Released();
+    const SliderScale range = Scale();
+    const double own = fine ? range.FineStep() : range.KeyStep();
+    Adjust(notches * (by > 0 ? by : own));
+    if (!m_changed)
+        return 0;
+    Released();
+    return 1;
+}
+
 void CESlider::OnKeyDown(UINT key, UINT repeat, UINT flags)
 {
     if (dragging) {

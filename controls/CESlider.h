@@ -76,6 +76,12 @@ public:
     /** With WS_TABSTOP. */
     unsigned long WndStyle() const override;
 
+    /** Takes the focus. */
+    int Press() override;
+    /** Moves the thumb as the keys do: more is towards the maximum, by #step or a hundredth of the range,
+     * with `fine` by a tenth of that; a step of the caller's is made whole steps. Not during a drag. */
+    int Jog(int notches, double step, int fine) override;
+
     /** The number that the thumb shows: the variable's, or while the drag of a slider that is not #live the
      * one it is dragged to. NaN where there is no thumb. */
     double Shown() const;

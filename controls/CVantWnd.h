@@ -217,6 +217,8 @@ public:
     void ScrollTo(int toY);
     /** Scrolls as little as is needed to see a child, or a child of it, from top to bottom. */
     void ScrollIntoView(CWnd* child);
+    /** The same in every platform window around the child, as Tab does. */
+    static void ScrollAllIntoView(CWnd* child);
     /** @} */
 
     /** @name Keyboard @{ */

@@ -57,13 +57,7 @@ void FocusByKey(HWND wnd)
     ::SetFocus(wnd);
     if (::SendMessageW(wnd, WM_GETDLGCODE, 0, 0) & DLGC_HASSETSEL)
         ::SendMessageW(wnd, EM_SETSEL, 0, -1);
-    // Every platform window around it, for each may scroll.
-    for (HWND outer = ::GetAncestor(wnd, GA_PARENT); outer; outer = ::GetAncestor(outer, GA_PARENT)) {
-        if (auto* const vantWnd = dynamic_cast<CVantWnd*>(CWnd::FromHandlePermanent(outer)))
-            vantWnd->ScrollIntoView(CWnd::FromHandle(wnd));
-        if (!HasStyle(outer, WS_CHILD))
-            return;
-    }
+    CVantWnd::ScrollAllIntoView(CWnd::FromHandle(wnd));
 }
 
 } // namespace

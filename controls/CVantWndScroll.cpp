@@ -75,6 +75,17 @@ void CVantWnd::ScrollIntoView(CWnd* child)
         ScrollTo(m_scrollY + place.bottom - page);
 }
 
+void CVantWnd::ScrollAllIntoView(CWnd* child)
+{
+    const auto isChild = [](HWND wnd) { return (::GetWindowLongPtrW(wnd, GWL_STYLE) & WS_CHILD) != 0; };
+    HWND wnd = child->GetSafeHwnd();
+    while (wnd && isChild(wnd)) {
+        wnd = ::GetAncestor(wnd, GA_PARENT);
+        if (auto* const outer = dynamic_cast<CVantWnd*>(FromHandlePermanent(wnd)))
+            outer->ScrollIntoView(child);
+    }
+}
+
 void CVantWnd::OnVScroll(UINT code, UINT pos, CScrollBar* bar)
 {
     if (bar || !m_scrolls) {

@@ -87,6 +87,27 @@ void ClickCtrl::Click()
     OnClick();
 }
 
+int ClickCtrl::Press()
+{
+    if (!m_hWnd || !IsWindowEnabled() || !IsClickable())
+        return 0;
+    Click();
+    return 1;
+}
+
+int ClickCtrl::Jog(int, double, int)
+{
+    return 0;
+}
+
+int ClickCtrl::JogSwitch(bool isOn, int notches)
+{
+    if (notches == 0 || isOn == (notches > 0))
+        return 0;
+    Click();
+    return 1;
+}
+
 void ClickCtrl::OnLButtonDown(UINT flags, CPoint point)
 {
     if (!IsClickable())

@@ -24,6 +24,10 @@ public:
     void Retreive() override;
     /** Redraws only if what is shown has changed: value, caption, or the enable condition. */
     void AutoUpdate(double t) override;
+    /** Clicks. */
+    int Press() override;
+    /** Does nothing: its value is changed by clicks alone. */
+    int Jog(int notches, double step, int fine) override;
 
 protected:
     /** What a click does. */
@@ -44,6 +48,9 @@ protected:
     virtual bool IsInside(CPoint px) const;
     /** Clicks, with its sound. */
     void Click();
+    /** For Jog() of what is switched on and off by a click: on by more, off by less.
+     *  @return 1 if it has been clicked */
+    int JogSwitch(bool isOn, int notches);
 
     afx_msg void OnLButtonDown(UINT flags, CPoint point);
     afx_msg void OnLButtonUp(UINT flags, CPoint point);
