@@ -1,5 +1,7 @@
-// What needs room: rows of buttons, sliders, addresses, progress, lists.
+// What needs room: rows of buttons, sliders, addresses, progress, lists, grids, charts.
 #include "Rows.h"
+
+#include <cmath>
 
 namespace
 {
@@ -71,6 +73,48 @@ CECtrl* List(CCtrlCat& cat, int width, State state)
     return list;
 }
 
+/** A grid whose columns are members of records, to be sorted and edited. */
+CECtrl* Grid(CCtrlCat& cat, int width, State state)
+{
+    struct Sounding {
+        int line;
+        double depth;
+    };
+    using Log = std::array<Sounding, 5>;
+    constexpr Log good = {{{1, 12.4}, {2, 13.1}, {3, 12.8}, {4, 15.9}, {5, 14.2}}};
+    constexpr Log bad = {{{1, noData}, {2, noData}, {3, noData}, {4, noData}, {5, noData}}};
+    static PerState<Log> logs(good, bad);
+    Log& log = logs[state];
+    CEGrid* const grid = cat.InsGrid(width, L"", 0, cat.ctrlH);
+    CEGridCol* const line = grid->AddCol(L"Line", 60);
+    line->InitRows(&log[0].line, sizeof log[0]);
+    line->readOnly = 1;
+    CEGridCol* const depth = grid->AddCol(L"Depth", 130);
+    depth->InitRows(&log[0].depth, sizeof log[0]);
+    depth->units = 0;
+    depth->decimals = 1;
+    depth->SetRange(0, 200);
+    grid->SetRows(static_cast<int>(log.size()));
+    grid->Sel(1, 1);
+    return grid;
+}
+
+/** A strip chart. What is missing interrupts the line. */
+CECtrl* Chart(CCtrlCat& cat, int width, State state)
+{
+    auto* const chart = new CEChart;
+    CEStrip* const depth = chart->AddStrip(L"", 0);
+    depth->reversed = 1;
+    const int sonar = chart->AddTrace(L"Depth", depth)->Index();
+    depth->decimals = 1;
+    constexpr int seconds = 60;
+    for (int t = 0; t <= seconds; ++t) {
+        const bool isMissing = state == stInvalid && t > seconds / 3 && t < seconds * 2 / 3;
+        chart->Add(sonar, t, isMissing ? noData : 14 + 3 * std::sin(t / 7.0) + std::sin(t / 1.7));
+    }
+    return cat.InsCtrl(width, chart, 0);
+}
+
 } // namespace
 
 Section WideRows()
@@ -80,11 +124,15 @@ Section WideRows()
     constexpr int buttonH = 24;
     constexpr int sliderH = 34;
     constexpr int listH = 84; // four entries and the frame
+    constexpr int gridH = 108;
+    constexpr int chartH = 130;
     return {L"Wide controls",
             columns,
             {{L"CEBtnList", CECtrl::typeBtnList, buttonH, pressable | Has(stInvalid), ButtonList},
              {L"CESlider", CECtrl::typeSlider, sliderH, pressable | Has(stInvalid), Slider},
              {L"CEAddr", 0, lineH, operated | Has(stInvalid), Address, SpoilAddress},
              {L"CEProcess", 0, lineH, shownOnly | Has(stInvalid), Process},
-             {L"CEList", CECtrl::typeList, listH, operated | Has(stInvalid), List}}};
+             {L"CEList", CECtrl::typeList, listH, operated | Has(stInvalid), List},
+             {L"CEGrid", CECtrl::typeGrid, gridH, operated | Has(stInvalid), Grid},
+             {L"CEChart", CECtrl::typeChart, chartH, shownOnly | Has(stFocused) | Has(stInvalid), Chart}}};
 }
