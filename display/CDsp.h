@@ -9,6 +9,7 @@
 
 class CDspGrp;
 class CDspMInf;
+class CEMenu;
 class CMdl;
 class CMdlPos;
 
@@ -37,7 +38,7 @@ struct ViewState;
  *  **Mouse.** The left button does what #mouseMode says; in any mode the middle button pans, the right one
  * turns, the wheel zooms about the mouse (with Ctrl in fine steps), and a double click moves the place to the
  * middle (in pick mode it picks). While panning, what was taken hold of stays under the mouse. A right click
- * without moving picks, for a menu. Esc during a drag puts everything back.
+ * without moving picks, and opens the menu of what is there. Esc during a drag puts everything back.
  *
  *  **Keys.** P, Z, R, S: pan, zoom, rotate, select (pick). Arrows pan by a tenth of the view (Shift: a
  * hundredth); in rotate mode, or with Ctrl, they turn by 5 degrees (Shift: half); in zoom mode up and down
@@ -124,6 +125,10 @@ public:
     virtual void DrawOverlay();
     /** The user has picked; `inf` is valid during the call. Nothing here. @param how  PickHow */
     virtual void OnPick(CDspMInf& inf, int how);
+    /** Fills the menu that opens after a pick for one (pickMenu), once OnPick() has heard of it; an empty one
+     * does not open. Here: what each drawable that was hit adds (CMdl::OnMenu), nearest first, with lines
+     * between. The menu closes without a choice when a drawable of the group goes. */
+    virtual void OnMenu(CDspMInf& inf, CEMenu& menu);
     /** The camera has changed, by whatever it was. Nothing here. */
     virtual void OnCam();
     /** The window's, then the camera, "Follow", "Up", "MouseMode" and the switches. */
@@ -285,6 +290,8 @@ private:
     void PanBy(double right, double up);
     void PickFor(int how, double x, double y);
     void PickMiddle(int how);
+    void OpenMenu(CDspMInf& inf, CPoint screenPt);
+    void CancelMenu();
     void TakeHit(const vant::detail::ViewGeometry& geometry, double x, double y,
                  const vant::detail::SelectHit& found, CDspMInf& inf);
     bool OnModeKey(UINT key);

@@ -36,6 +36,8 @@ void CDspGrp::DeRegMdl(CMdl* mdl)
     if (!pos)
         return;
     m_mdls.RemoveAt(pos);
+    for (CVantPtr* view = m_dsps.GetHeadPos(); view;)
+        m_dsps.GetNext(view)->CancelMenu(); // its entries may be the drawable's
     MdlUpdated(mdl, mdlRemoved);
 }
 

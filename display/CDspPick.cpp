@@ -1,6 +1,7 @@
 // CDsp: finding what the user points at.
 #include "display/CDsp.h"
 
+#include "controls/CEMenu.h"
 #include "display/CDspMInf.h"
 #include "display/CMdl.h"
 #include "display/CMdlInf.h"
@@ -129,5 +130,43 @@ void CDsp::PickFor(int how, double atX, double atY)
 {
     CDspMInf inf;
     Pick(atX, atY, inf);
+    const HWND wnd = m_hWnd;
     OnPick(inf, how);
+    if (how != pickMenu || !::IsWindow(wnd))
+        return;
+    CPoint at(static_cast<int>(atX), static_cast<int>(atY));
+    ClientToScreen(&at);
+    OpenMenu(inf, at);
+}
+
+void CDsp::OnMenu(CDspMInf& inf, CEMenu& menu)
+{
+    std::vector<const CMdl*> asked; // a drawable may have been hit in several parts
+    for (CVantPtr* pos = inf.hits.GetHeadPos(); pos;) {
+        CMdl* const mdl = inf.hits.GetNext(pos)->mdl;
+        // What heard of the pick may have removed it.
+        if (!mdl || !Mdls() || !Mdls()->Find(mdl) ||
+            std::find(asked.begin(), asked.end(), mdl) != asked.end())
+            continue;
+        asked.push_back(mdl);
+        menu.AddSep();
+        mdl->OnMenu(*this, menu);
+    }
+}
+
+void CDsp::OpenMenu(CDspMInf& inf, CPoint screenPt)
+{
+    CEMenu menu;
+    OnMenu(inf, menu);
+    const HWND wnd = m_hWnd;
+    m_state->menu = &menu;
+    menu.TrackPopup(screenPt, this);
+    if (::IsWindow(wnd)) // what was chosen may have destroyed the view
+        m_state->menu = nullptr;
+}
+
+void CDsp::CancelMenu()
+{
+    if (m_state->menu)
+        m_state->menu->Cancel();
 }

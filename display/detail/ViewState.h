@@ -9,6 +9,8 @@
 #include <optional>
 #include <vector>
 
+class CEMenu;
+
 namespace vant::detail
 {
 
@@ -43,6 +45,7 @@ struct ViewState {
     std::optional<ViewBox> box; ///< of everything that is shown; none if that is not known
     std::vector<PendingLabel> labels;
     std::optional<ViewDrag> drag;
+    CEMenu* menu = nullptr; ///< while it is open
 };
 
 } // namespace vant::detail

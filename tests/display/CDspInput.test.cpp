@@ -1,8 +1,10 @@
 // CDsp: mouse and keys, as messages.
 
+#include "controls/CEMenu.h"
 #include "tests/display/ChartTest.h"
 
 #include <cmath>
+#include <memory>
 
 namespace
 {
@@ -24,6 +26,21 @@ protected:
     }
 
     static double Apart(const CV3& a, const CV3& b) { return (a - b).Length(); }
+};
+
+/** A tile with entries in the menu. */
+class MenuTile : public Tile
+{
+public:
+    using Tile::Tile;
+
+    int OnMenu(CDsp&, CEMenu& menu) override
+    {
+        menu.Add((L"Remove " + std::wstring(name.begin(), name.end())).c_str())->Choice(chosen, 1);
+        return 1;
+    }
+
+    int chosen = 0;
 };
 
 TEST_F(CDspInputTest, PansWhatWasTakenHoldOf)
@@ -231,6 +248,39 @@ TEST_F(CDspInputTest, ObeysTheKeys)
     wnd.Key(VK_HOME);
     EXPECT_EQ(org(), CV3(300, 0, 0));
     EXPECT_TRUE(wnd.SendMessage(WM_GETDLGCODE) & DLGC_WANTARROWS);
+}
+
+TEST_F(CDspInputTest, OpensTheMenuOfWhatIsUnderTheMouse)
+{
+    MenuTile upper("upper", faraway + CV3(0, 0, 5), 10);
+    MenuTile lower("lower", faraway, 20);
+    Tile mute("mute", faraway + CV3(60, 0, 0), 10);
+    wnd.Open(faraway);
+    const auto openAt = [this](CPoint at, std::initializer_list<UINT> keys) {
+        for (const UINT key : keys)
+            wnd.PostMessage(WM_KEYDOWN, key, 0);
+        wnd.Send(WM_RBUTTONDOWN, MK_RBUTTON, at.x, at.y);
+        wnd.Release(MK_RBUTTON, at);
+    };
+    openAt({100, 50}, {VK_DOWN, VK_RETURN});
+    EXPECT_EQ(upper.chosen, 1) << "the nearest comes first";
+    openAt({100, 50}, {VK_DOWN, VK_DOWN, VK_RETURN});
+    EXPECT_EQ(lower.chosen, 1);
+    openAt({160, 50}, {});
+    ASSERT_THAT(wnd.picks, SizeIs(3)) << "without entries no menu waits for the user";
+    EXPECT_THAT(wnd.picks[2].hits, ElementsAre("mute"));
+
+    // A drawable that goes while the menu is open takes the menu along.
+    auto passing = std::make_unique<MenuTile>("passing", faraway + CV3(-60, 0, 0), 10);
+    static std::unique_ptr<MenuTile>* leaving = nullptr;
+    leaving = &passing;
+    ::SetTimer(wnd.m_hWnd, 77, 100, [](HWND view, UINT, UINT_PTR timer, DWORD) {
+        ::KillTimer(view, timer);
+        leaving->reset();
+    });
+    openAt({40, 50}, {});
+    EXPECT_FALSE(passing);
+    EXPECT_THAT(wnd.picks.back().hits, ElementsAre("passing"));
 }
 
 } // namespace
