@@ -1,7 +1,6 @@
 #include "demo/CSceneWnd.h"
 
 #include "demo/Palette.h"
-#include "display/CDspMHit.h"
 #include "display/CDspMInf.h"
 #include "platform/Vant.h"
 
@@ -151,7 +150,7 @@ void CSceneWnd::OnPick(CDspMInf& inf, int how)
 {
     if (how == pickDblClick)
         return;
-    m_picked = inf.count > 0 ? inf.hits.GetHead()->text : CString();
+    m_picked = inf.count > 0 ? *inf.hits.GetHead() : CDspMHit();
     NeedDraw();
 }
 
@@ -159,7 +158,9 @@ void CSceneWnd::DrawOverlay()
 {
     CDsp::DrawOverlay();
     const CString follows = IsFollowing() ? L"follows the boat" : L"F follows the boat";
-    const CString lines[] = {Note() + L",  " + follows, m_picked};
+    if (m_picked.mdl == &m_scene.Boat())
+        m_picked.mdl->OnHit(*this, m_picked); // what it says of itself goes on changing
+    const CString lines[] = {Note() + L",  " + follows, m_picked.text};
     double top = OverlaySize().y - noteGap;
     for (const CString& line : lines) {
         if (line.IsEmpty())

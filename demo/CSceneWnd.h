@@ -3,6 +3,7 @@
 #include "demo/PopupFrame.h"
 #include "demo/scene/Scene.h"
 #include "display/CDsp.h"
+#include "display/CDspMHit.h"
 
 class CImage;
 
@@ -28,7 +29,7 @@ public:
     bool IsFollowing() const { return Followed() != nullptr; }
 
     /** What the user picked last; empty for nothing. */
-    const CString& Picked() const noexcept { return m_picked; }
+    const CString& Picked() const noexcept { return m_picked.text; }
 
     /** Saves a picture of the scene. @return whether it could be saved */
     bool SavePicture(const CString& path);
@@ -68,7 +69,7 @@ private:
     Scene& m_scene;
     PopupFrame m_frame;
     CString m_title;
-    CString m_picked;
+    CDspMHit m_picked;
     bool m_drawsPictures = true; // until the driver refuses
 };
 
