@@ -1,4 +1,5 @@
 #include "support/MessagePump.h"
+#include "support/ScreenLock.h"
 
 #include <afxwin.h>
 #include <gmock/gmock.h>
@@ -103,6 +104,7 @@ protected:
                                    CRect(0, 0, 300, 200), nullptr, 0));
         ASSERT_TRUE(dialog.InitModalIndirect(definition.Get(), &owner));
     }
+    const ScreenLock screen;
     Template definition;
     CWnd owner;
     Dialog dialog;

@@ -1,3 +1,5 @@
+#include "support/ScreenLock.h"
+
 #include <afxdlgs.h>
 #include <gtest/gtest.h>
 
@@ -48,6 +50,7 @@ TEST(CFileDialog, ReturnsTheUsersChoice)
 {
     CFileDialog save(FALSE, L"dat", L"Z:\\tmp\\vant-afx-choice", OFN_HIDEREADONLY,
                      L"Data (*.dat)|*.dat|All|*.*||");
+    const ScreenLock screen;
     const Answer answer(IDOK);
     ASSERT_EQ(save.DoModal(), IDOK);
     EXPECT_EQ(save.GetFileName(), L"vant-afx-choice.dat") << "with the default extension";
@@ -59,6 +62,7 @@ TEST(CFileDialog, ReturnsTheUsersChoice)
 TEST(CFileDialog, CancelledLeavesNothingChosen)
 {
     CFileDialog open(TRUE);
+    const ScreenLock screen;
     const Answer answer(IDCANCEL);
     EXPECT_EQ(open.DoModal(), IDCANCEL);
     EXPECT_EQ(open.GetStartPosition(), nullptr);

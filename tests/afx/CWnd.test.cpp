@@ -1,4 +1,5 @@
 #include "support/MessagePump.h"
+#include "support/ScreenLock.h"
 
 #include <afxwin.h>
 #include <gmock/gmock.h>
@@ -264,6 +265,7 @@ TEST(CWndHandlers, MayDestroyTheirOwnWindow)
 
 TEST(CWndSubclass, AnEditIsHandledFromItsCreationOn)
 {
+    const ScreenLock screen;
     std::vector<UINT> seen;
     Recorder parent(seen);
     ASSERT_TRUE(parent.Open(WS_POPUP | WS_VISIBLE));

@@ -1,4 +1,5 @@
 #include "support/MessagePump.h"
+#include "support/ScreenLock.h"
 
 #include <afxwin.h>
 #include <commctrl.h>
@@ -216,6 +217,7 @@ protected:
         parent.SendMessage(WM_COMMAND, MAKEWPARAM(40, code), reinterpret_cast<LPARAM>(control.m_hWnd));
     }
 
+    const ScreenLock screen;
     ColouringParent parent;
     Control control;
 };

@@ -252,6 +252,7 @@ TEST_F(CDspInputTest, ObeysTheKeys)
 
 TEST_F(CDspInputTest, OpensTheMenuOfWhatIsUnderTheMouse)
 {
+    const ScreenLock screen;
     MenuTile upper("upper", faraway + CV3(0, 0, 5), 10);
     MenuTile lower("lower", faraway, 20);
     Tile mute("mute", faraway + CV3(60, 0, 0), 10);

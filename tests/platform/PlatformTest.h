@@ -6,6 +6,7 @@
 #include "platform/detail/SystemCalls.h"
 #include "platform/detail/Windows.h"
 #include "support/LogRecorder.h"
+#include "support/ScreenLock.h"
 #include "values/EUnits.h"
 
 #include <gmock/gmock.h>
@@ -41,23 +42,6 @@ inline std::vector<Logged> Messages(vant::detail::LogTarget target)
         entries.push_back({record.id, record.state, Text(record.text)});
     return entries;
 }
-
-/** Keeps other test processes off the screen and the mouse, which all of them share. */
-class ScreenLock
-{
-public:
-    ScreenLock() { ::WaitForSingleObject(m_mutex, INFINITE); }
-    ~ScreenLock()
-    {
-        ::ReleaseMutex(m_mutex);
-        ::CloseHandle(m_mutex);
-    }
-    ScreenLock(const ScreenLock&) = delete;
-    ScreenLock& operator=(const ScreenLock&) = delete;
-
-private:
-    const HANDLE m_mutex = ::CreateMutexW(nullptr, FALSE, L"vant-test-screen");
-};
 
 /** Leaves the process as it found it: the edges to the system, the hooks, the options and the recorded
  * messages. Sounds and help are recorded instead of started. */
