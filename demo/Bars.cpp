@@ -96,6 +96,7 @@ void PaintFooter(CPainter& painter, const Box& box, const View& view)
         {L"C", L"chart"},
         {L"O", L"orbit"},
         {L"P", L"palette"},
+        {L"M", L"survey"},
         {L"V", view.recording ? L"stop video" : L"video"},
         {L"S", L"picture"},
         {L"F6", L"window"},

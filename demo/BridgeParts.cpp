@@ -86,7 +86,7 @@ bool CBridge::OpenViews()
     GetWindowRect(&place);
     const ViewPlaces first = FirstPlacesOfViews(BoxOf(place), Dpi());
     if (!m_colours.Open(*this, first.colours) || !m_chart.Open(*this, first.chart) ||
-        !m_orbit.Open(*this, first.orbit))
+        !m_orbit.Open(*this, first.orbit) || !m_survey.Open(*this, first.survey))
         return false;
     for (CSceneWnd* const view : Views())
         m_colours.Pal().AttachWnd(view);

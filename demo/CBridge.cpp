@@ -52,6 +52,7 @@ CBridge::CBridge(Session& session)
     , m_scene(session.playback, m_colours.Pal(), session.boatFile)
     , m_chart(session, m_scene)
     , m_orbit(session, m_scene)
+    , m_survey(session, m_scene, m_chart)
 {
     CVantWnd::name = L"Bridge";
     m_looks.palette = Palette::FromScheme();
@@ -83,11 +84,12 @@ bool CBridge::Open()
     for (CSceneWnd* const view : Views())
         view->Frame().ShowAsSet();
     m_colours.Frame().ShowAsSet();
+    m_survey.Frame().ShowAsSet();
     SetFocus();
     if (m_session.scripted)
-        m_script = std::make_unique<CScript>(
-            Stage{m_session, *this, m_setup, m_chart, m_orbit, m_colours, m_video, m_scene, m_hands},
-            AllActs());
+        m_script = std::make_unique<CScript>(Stage{m_session, *this, m_setup, m_chart, m_orbit, m_colours,
+                                                   m_survey, m_video, m_scene, m_hands},
+                                             AllActs());
     m_last = Clock::now();
     SetTimer(frameTimer, frameInterval);
     return true;

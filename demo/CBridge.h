@@ -5,6 +5,7 @@
 #include "demo/CDockWnd.h"
 #include "demo/COrbitWnd.h"
 #include "demo/CSetupWnd.h"
+#include "demo/CSurveyWnd.h"
 #include "demo/CViewVideo.h"
 #include "demo/SentenceFeed.h"
 #include "demo/script/CScript.h"
@@ -59,7 +60,7 @@ private:
     void GoToNextWindow();
     bool OpenViews();
     std::array<CSceneWnd*, 2> Views() { return {&m_chart, &m_orbit}; }
-    std::array<CVantWnd*, 3> Popups() { return {&m_chart, &m_orbit, &m_colours}; }
+    std::array<CVantWnd*, 4> Popups() { return {&m_chart, &m_orbit, &m_colours, &m_survey}; }
     CVantWnd* FocusedPopup(); // which has the keyboard, or null
     CVantWnd* FocusedGuest(); // the docked window that has the keyboard, or null
     void Tick(double step);
@@ -77,6 +78,7 @@ private:
     Scene m_scene;
     CChartWnd m_chart;
     COrbitWnd m_orbit;
+    CSurveyWnd m_survey;
     CViewVideo m_video{m_orbit};
     CInput m_hands;
     std::unique_ptr<CScript> m_script;

@@ -184,4 +184,9 @@ bool CDemoApp::OpenWindow()
     return false;
 }
 
+BOOL CDemoApp::PreTranslateMessage(MSG* message)
+{
+    return m_remoteKeys.Take(message) || CBaseApp::PreTranslateMessage(message);
+}
+
 } // namespace demo

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "controls/CRcKeys.h"
 #include "demo/CBridge.h"
 #include "demo/CLogClock.h"
 #include "demo/CRunLog.h"
@@ -35,6 +36,7 @@ public:
 
     BOOL InitInstance() override;
     int ExitInstance() override;
+    BOOL PreTranslateMessage(MSG* message) override;
 
 private:
     bool ReadCommandLine();
@@ -55,6 +57,7 @@ private:
     CLogClock m_clock;
     std::unique_ptr<Session> m_session;
     std::unique_ptr<CBridge> m_bridge;
+    CRcKeys m_remoteKeys;   // a controller's
     bool m_started = false; // the library was
     int m_exitCode = 0;
 };

@@ -1,5 +1,6 @@
 #include "demo/CSceneWnd.h"
 
+#include "controls/CEMenu.h"
 #include "demo/Palette.h"
 #include "display/CDspMInf.h"
 #include "platform/Vant.h"
@@ -100,8 +101,13 @@ void CSceneWnd::OnPoll(double t)
     SetCourse(m_scene.Boat().Now().heading);
 }
 
-void CSceneWnd::OnInfoMsg(int msg, void*)
+void CSceneWnd::OnInfoMsg(int msg, void* data)
 {
+    const bool isForThis = data == static_cast<CDsp*>(this);
+    if (msg == CBoatMdl::followInfo && isForThis)
+        FollowBoat(!IsFollowing());
+    if (msg == CPlanMdl::showInfo && isForThis)
+        ShowRoute();
     if (msg != sessionInfo)
         return;
     m_frame.ShowAsSet();
@@ -152,6 +158,31 @@ void CSceneWnd::OnPick(CDspMInf& inf, int how)
         return;
     m_picked = inf.count > 0 ? *inf.hits.GetHead() : CDspMHit();
     NeedDraw();
+}
+
+void CSceneWnd::ShowRoute()
+{
+    FollowBoat(false);
+    ShowMdl(&m_scene.Plan());
+}
+
+void CSceneWnd::OnShowAll()
+{
+    FollowBoat(false);
+    ShowMdl(nullptr);
+}
+
+void CSceneWnd::OnMenu(CDspMInf& inf, CEMenu& menu)
+{
+    CDsp::OnMenu(inf, menu);
+    menu.AddSep();
+    menu.Add(L"Show &everything\tHome", this, static_cast<CEVal::CbNone>(&CSceneWnd::OnShowAll));
+    menu.AddSep();
+    const auto up = [&](const wchar_t* text, int which, CEVal::CbNone fn) {
+        menu.Add(text, this, fn)->SetMark(GetUp() == which ? CEMEnt::markBullet : CEMEnt::markNone);
+    };
+    up(L"&North up\tN", upNorth, static_cast<CEVal::CbNone>(&CSceneWnd::OnNorthUp));
+    up(L"&Course up\tC", upCourse, static_cast<CEVal::CbNone>(&CSceneWnd::OnCourseUp));
 }
 
 void CSceneWnd::DrawOverlay()

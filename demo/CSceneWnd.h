@@ -28,6 +28,9 @@ public:
     void FollowBoat(bool follows);
     bool IsFollowing() const { return Followed() != nullptr; }
 
+    /** Shows the whole planned route, and no longer follows the boat. */
+    void ShowRoute();
+
     /** What the user picked last; empty for nothing. */
     const CString& Picked() const noexcept { return m_picked.text; }
 
@@ -43,6 +46,8 @@ public:
     void OnNfyWnd(CVantWnd* sender, int msg, void* data) override;
     void DrawOverlay() override;
     void OnPick(CDspMInf& inf, int how) override;
+    /** What the drawables add, then what the view itself can do. */
+    void OnMenu(CDspMInf& inf, CEMenu& menu) override;
 
 protected:
     /** What the view's note says besides of what it follows. */
@@ -63,6 +68,9 @@ protected:
     DECLARE_MESSAGE_MAP()
 
 private:
+    void OnShowAll();
+    void OnNorthUp() { SetUp(upNorth); }
+    void OnCourseUp() { SetUp(upCourse); }
     bool CanDraw(CSize size);
     bool CopySeen(CImage& image, CSize size);
 

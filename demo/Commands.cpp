@@ -70,6 +70,9 @@ std::optional<Command> CommandOf(wchar_t character) noexcept
     case L'p':
     case L'P':
         return Command::Colours;
+    case L'm':
+    case L'M':
+        return Command::Survey;
     case L'v':
     case L'V':
         return Command::Video;
@@ -115,6 +118,9 @@ void Carry(Command command, Session& session)
         break;
     case Command::Colours:
         settings.colours.open = !settings.colours.open;
+        break;
+    case Command::Survey:
+        settings.survey.open = !settings.survey.open;
         break;
     case Command::Video:
         session.recording = !session.recording;

@@ -19,6 +19,7 @@ enum class Command {
     Chart,
     Orbit,
     Colours,
+    Survey,
     Video,
     Picture
 };

@@ -46,8 +46,10 @@ void DemoSettings::Settings(CESetObj& obj)
     Exchange(obj, L"Chart", chart);
     Exchange(obj, L"Orbit", orbit);
     Exchange(obj, L"Colours", colours);
+    Exchange(obj, L"Survey", survey);
     obj.Item(L"HeadingUp", headingUp);
     obj.Item(L"DepthSpan", depthSpan);
+    obj.Item(L"Gain", gain);
     obj.Item(L"Units", units);
     obj.Item(L"ShallowLimit", shallowLimit);
     obj.Item(L"LostFix", lostFix);
@@ -64,6 +66,7 @@ void DemoSettings::Mend()
     const DemoSettings usual;
     runs = std::clamp(runs, 0, mostRuns);
     KeepWithin(depthSpan, leastSpan, mostSpan, usual.depthSpan);
+    KeepWithin(gain, leastGain, mostGain, usual.gain);
     KeepWithin(units, 0, 1, usual.units);
     KeepWithin(shallowLimit, 0.0, mostLimit, usual.shallowLimit);
     KeepWithin(lostFix, leastLostFix, mostLostFix, usual.lostFix);
@@ -74,6 +77,7 @@ void DemoSettings::Mend()
     chart.open = chart.open != 0;
     orbit.open = orbit.open != 0;
     colours.open = colours.open != 0;
+    survey.open = survey.open != 0;
 }
 
 bool DemoSettings::Load(const CString& file)

@@ -26,9 +26,11 @@ struct DemoSettings {
     ViewPlace chart;
     ViewPlace orbit;
     ViewPlace colours;
+    ViewPlace survey{.open = 0, .box = {}}; ///< which lies over the bridge
 
     int headingUp = 1;        ///< see View
     double depthSpan = 120.0; ///< seconds, see View
+    double gain = 0.0;        ///< of the sea bed's colours, decibels
     int units = 0;            ///< unit system: 0 metric, 1 United States customary
 
     /** Metres; a smaller depth raises the alarm, 0 never does. The survey that comes with the program crosses
@@ -48,6 +50,8 @@ struct DemoSettings {
     static constexpr double mostLimit = 1000.0; ///< metres
     static constexpr double leastLostFix = 1.0; ///< seconds
     static constexpr double mostLostFix = 300.0;
+    static constexpr double leastGain = -20.0; ///< decibels
+    static constexpr double mostGain = 5.0;
     static constexpr int mostPort = 65535;
     /** @} */
 

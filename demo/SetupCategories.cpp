@@ -91,12 +91,15 @@ void CSetupWnd::AddDisplay()
           L"Shows feet and degrees Fahrenheit instead of metres and degrees Celsius. Key: U");
 
     const auto window = [&](const wchar_t* caption, int& open, const wchar_t* tip) {
-        CECtrl& check = Field(*category.InsCtrl(rowWidth / 3, CECtrl::typeCheck, open), tip);
+        CECtrl& check = Field(*category.InsCtrl(rowWidth / 2, CECtrl::typeCheck, open), tip);
         check.text = caption;
     };
     window(L"Chart", settings.chart.open, L"Shows the window with the chart. Key: C");
     window(L"Orbit", settings.orbit.open, L"Shows the window with the boat. Key: O");
+    category.NewLn();
     window(L"Colours", settings.colours.open, L"Shows the window with the colours of the depths. Key: P");
+    window(L"Survey", settings.survey.open,
+           L"Shows the window with the strip charts and the waypoints. Key: M");
     category.NewLn();
 
     CECtrl& span = Edit(category, L"Depth graph", settings.depthSpan,

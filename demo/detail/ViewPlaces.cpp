@@ -16,11 +16,17 @@ int Pixels(int units, double scale) noexcept
 
 ViewPlaces ViewPlaces::Beside(const Box& bridge, const Box& work, double scale) noexcept
 {
+    const Box seen = Overlap(bridge, work);
+    const int wide = std::min(Pixels(surveyWidth, scale), seen.Width());
+    const int high = std::min(Pixels(surveyHeight, scale), seen.Height());
+    const int surveyLeft = seen.left + (seen.Width() - wide) / 2;
+    const int surveyTop = seen.top + (seen.Height() - high) / 2;
+    const Box survey{surveyLeft, surveyTop, surveyLeft + wide, surveyTop + high};
     if (work.right - bridge.right >= Pixels(leastWidth, scale)) {
         const int last = work.bottom - Pixels(coloursHeight, scale);
         const int middle = (work.top + last) / 2;
         const auto row = [&](int top, int bottom) { return Box{bridge.right, top, work.right, bottom}; };
-        return {row(work.top, middle), row(middle, last), row(last, work.bottom)};
+        return {row(work.top, middle), row(middle, last), row(last, work.bottom), survey};
     }
     if (work.bottom - bridge.bottom >= Pixels(leastHeight, scale)) {
         const int left = std::max(bridge.left, work.left);
@@ -28,19 +34,19 @@ ViewPlaces ViewPlaces::Beside(const Box& bridge, const Box& work, double scale) 
         const int colours = Pixels(coloursWidth, scale);
         const int first = left + (right - left - colours) / 2;
         const auto column = [&](int from, int to) { return Box{from, bridge.bottom, to, work.bottom}; };
-        return {column(left, first), column(first + colours, right), column(first, first + colours)};
+        return {column(left, first), column(first + colours, right), column(first, first + colours), survey};
     }
     constexpr int width = 560;
     constexpr int height = 400;
     constexpr int step = 48;
-    const Box both = Overlap(bridge, work);
-    const auto at = [&](int units, int wide, int high) {
-        const int right = both.right - Pixels(units, scale);
-        const int bottom = both.bottom - Pixels(units, scale);
-        return Box{std::max(right - Pixels(wide, scale), both.left),
-                   std::max(bottom - Pixels(high, scale), both.top), right, bottom};
+    const auto at = [&](int units, int w, int h) {
+        const int right = seen.right - Pixels(units, scale);
+        const int bottom = seen.bottom - Pixels(units, scale);
+        return Box{std::max(right - Pixels(w, scale), seen.left),
+                   std::max(bottom - Pixels(h, scale), seen.top), right, bottom};
     };
-    return {at(3 * step, width, height), at(2 * step, width, height), at(step, coloursWidth, coloursHeight)};
+    return {at(3 * step, width, height), at(2 * step, width, height), at(step, coloursWidth, coloursHeight),
+            survey};
 }
 
 Box BridgePlace(int width, int height, int leastHeight, const Box& work, double scale) noexcept

@@ -5,11 +5,12 @@
 namespace demo
 {
 
-/** Where the chart, the orbit view and the colours of the depths are first put, pixels. */
+/** Where the chart, the orbit view, the colours of the depths and the survey are first put, pixels. */
 struct ViewPlaces {
     Box chart;
     Box orbit;
     Box colours;
+    Box survey; ///< in the middle of the bridge: it is closed at first
 
     /** @name Least sizes of the room that a view is put into, units @{ */
     static constexpr int leastWidth = 400;
@@ -18,6 +19,9 @@ struct ViewPlaces {
 
     static constexpr int coloursWidth = 410; ///< of the colours, which need no more
     static constexpr int coloursHeight = 340;
+
+    static constexpr int surveyWidth = 780;
+    static constexpr int surveyHeight = 470;
 
     /** Finds them room in a work area: at the right of the bridge, one over the other, else below it, side by
      * side; where neither is wide enough they lie over the lower right corner of the bridge, each a little

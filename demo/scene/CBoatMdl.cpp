@@ -1,5 +1,6 @@
 #include "demo/scene/CBoatMdl.h"
 
+#include "controls/CEMenu.h"
 #include "core/CMat.h"
 #include "demo/detail/Quantities.h"
 #include "demo/detail/Text.h"
@@ -88,6 +89,13 @@ void CBoatMdl::GetInf(CMdlInf& inf)
     inf.hasExt = 1;
     inf.lower = m_motion.place - CV3(length, length, below);
     inf.upper = m_motion.place + CV3(length, length, above);
+}
+
+int CBoatMdl::OnMenu(CDsp& dsp, CEMenu& menu)
+{
+    menu.Add(L"&Follow the boat\tF", followInfo, &dsp)
+        ->SetMark(dsp.Followed() ? CEMEnt::markCheck : CEMEnt::markNone);
+    return 1;
 }
 
 int CBoatMdl::GetMdlOrg(CMat& mat, CV3& org, double& size)

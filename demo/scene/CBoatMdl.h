@@ -14,6 +14,9 @@ class CBoatMdl : public CMdl
 public:
     static constexpr double length = 14.0; ///< metres, of the model
 
+    /** Information message of its menu: a view is to follow the boat, or no longer. Its data is the view. */
+    static constexpr int followInfo = 7002;
+
     /** What the boat does, display coordinates. */
     struct Motion {
         CV3 place;
@@ -36,6 +39,8 @@ public:
 
     void Draw(CDsp& dsp) override;
     void GetInf(CMdlInf& inf) override;
+    /** "Follow the boat", checked while the view does. */
+    int OnMenu(CDsp& dsp, CEMenu& menu) override;
     int GetMdlOrg(CMat& mat, CV3& org, double& size) override;
     void OnHit(CDsp& dsp, CDspMHit& hit) override;
 

@@ -1,5 +1,6 @@
 #include "demo/scene/CPlanMdl.h"
 
+#include "controls/CEMenu.h"
 #include "display/CDsp.h"
 #include "display/CMdlInf.h"
 
@@ -29,12 +30,11 @@ CPlanMdl::CPlanMdl(const PlannedRoute& route)
     : m_route(route)
 {
     lit = 0;
-    selectable = 0;
 }
 
 void CPlanMdl::Draw(CDsp& dsp)
 {
-    if (m_route.Smooth().IsEmpty())
+    if (m_route.Smooth().IsEmpty() || (dsp.IsPicking() && dsp.Cam().kind != CDspCam::plan))
         return;
     const CV3 org(dsp.Cam().org.x, dsp.Cam().org.y, height);
     const auto unit = static_cast<float>(dsp.Dpi().Dpi()) / CDpi::base;
@@ -79,6 +79,12 @@ void CPlanMdl::LabelLines(CDsp& dsp) const
         dsp.Label({point.place.east, point.place.north, 0}, text, planColour, -beside, beside,
                   CDsp::alignRight | CDsp::alignMiddle);
     }
+}
+
+int CPlanMdl::OnMenu(CDsp& dsp, CEMenu& menu)
+{
+    menu.Add(L"Show the planned &route", showInfo, &dsp);
+    return 1;
 }
 
 void CPlanMdl::GetInf(CMdlInf& inf)

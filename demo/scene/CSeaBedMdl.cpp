@@ -18,8 +18,8 @@ namespace demo
 namespace
 {
 
-constexpr double dimming = 0.45; // of the palette's colours, so that the track stands out
-constexpr float relief = 4.0F;   // slopes are shaded as if they were so much steeper: real ones hardly show
+constexpr double strength = 0.55; // of the palette's colours at 0 dB, so that the track stands out
+constexpr float relief = 4.0F;    // slopes are shaded as if they were so much steeper: real ones hardly show
 
 /** A corner as OpenGL takes it. */
 struct Corner {
@@ -60,9 +60,17 @@ void CSeaBedMdl::Clear()
     ModelChanged(0);
 }
 
+void CSeaBedMdl::SetGain(double decibels)
+{
+    m_gain = decibels;
+    ModelChanged(0);
+}
+
 void CSeaBedMdl::Draw(CDsp& dsp)
 {
-    const auto colourOf = [this](double depth) { return Mix(m_pal.GetCol(depth), Vant::back, dimming); };
+    constexpr double decade = 20.0; // decibels of a tenfold amplitude
+    const double dimming = 1.0 - std::min(strength * std::pow(10.0, m_gain / decade), 1.0);
+    const auto colourOf = [&](double depth) { return Mix(m_pal.GetCol(depth), Vant::back, dimming); };
     glColorMaterial(GL_FRONT_AND_BACK, GL_AMBIENT_AND_DIFFUSE);
     glEnable(GL_COLOR_MATERIAL);
     glEnable(GL_BLEND);

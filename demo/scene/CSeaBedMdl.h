@@ -23,11 +23,16 @@ public:
     /** Forgets all. */
     void Clear();
 
+    /** Sets how strongly the colours show: 20 decibels less are a tenth of their share against the
+     * background, and from 5 on they show in full. 0 at first. */
+    void SetGain(double decibels);
+
     void Draw(CDsp& dsp) override;
     void GetInf(CMdlInf& inf) override;
 
 private:
     const CPal& m_pal;
+    double m_gain = 0.0; // decibels
     double m_shallowest = 0.0;
     double m_deepest = 0.0;
     std::map<SeaBed::Key, SeaBed::Tile> m_tiles;

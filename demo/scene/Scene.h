@@ -32,6 +32,13 @@ public:
     CBoatMdl& Boat() noexcept { return m_boat; }
     CMdlPos& BoatPos() noexcept { return m_pos; }
 
+    const PlannedRoute& Route() const noexcept { return m_route; }
+    /** The drawable of the planned route. */
+    CPlanMdl& Plan() noexcept { return m_plan; }
+
+    /** Sets the gain of the sea bed's colours, decibels: see CSeaBedMdl::SetGain(). */
+    void SetGain(double decibels) { m_bedMdl.SetGain(decibels); }
+
     /** How far the boat is beside the planned route, metres, positive to starboard; missing without a
      * position or a plan. */
     double CrossTrack() const;

@@ -14,6 +14,7 @@ std::vector<Act> AlarmActs();   ///< the alarm, its message and its acknowledgem
 std::vector<Act> ControlActs(); ///< categories, checks, the dial, the address, keys and buttons
 std::vector<Act> ViewActs();    ///< the chart and the orbit view: pan, zoom, turn, pick
 std::vector<Act> ColourActs();  ///< the colours of the depths: another table, turned
+std::vector<Act> SurveyActs();  ///< the survey window: a controller, the waypoints, a menu
 std::vector<Act> RecordActs();  ///< the log's clock in its fit, the distance from the route, the video
 std::vector<Act> AllActs();
 /** @} */

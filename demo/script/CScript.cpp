@@ -53,12 +53,14 @@ void CScript::SavePicture(const Act& act)
     CRect seen;
     m_stage.bridge.RedrawWindow(nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
     m_stage.bridge.GetWindowRect(&seen);
-    for (const CWnd* const popup :
-         std::initializer_list<const CWnd*>{&m_stage.chart, &m_stage.orbit, &m_stage.colours}) {
+    for (CWnd* const popup :
+         std::initializer_list<CWnd*>{&m_stage.chart, &m_stage.orbit, &m_stage.colours, &m_stage.survey}) {
+        if (!act.isWide || !popup->IsWindowVisible())
+            continue;
         CRect place;
+        popup->RedrawWindow(nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
         popup->GetWindowRect(&place);
-        if (act.isWide && popup->IsWindowVisible())
-            seen.UnionRect(&seen, &place);
+        seen.UnionRect(&seen, &place);
     }
     SaveScreen(seen, m_stage.session.outDir + act.picture);
 }

@@ -4,6 +4,7 @@
 #include "demo/CColoursWnd.h"
 #include "demo/COrbitWnd.h"
 #include "demo/CSetupWnd.h"
+#include "demo/CSurveyWnd.h"
 #include "demo/CViewVideo.h"
 #include "demo/script/CInput.h"
 
@@ -20,6 +21,7 @@ struct Stage {
     CChartWnd& chart;
     COrbitWnd& orbit;
     CColoursWnd& colours;
+    CSurveyWnd& survey;
     CViewVideo& video;
     Scene& scene;
     CInput& hands;

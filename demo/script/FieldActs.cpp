@@ -101,7 +101,8 @@ std::vector<Act> FieldActs()
 std::vector<Act> AllActs()
 {
     std::vector<Act> all = FieldActs();
-    for (const std::vector<Act>& more : {AlarmActs(), ControlActs(), ViewActs(), ColourActs(), RecordActs()})
+    for (const std::vector<Act>& more :
+         {AlarmActs(), ControlActs(), ViewActs(), ColourActs(), SurveyActs(), RecordActs()})
         all.insert(all.end(), more.begin(), more.end());
     return all;
 }

@@ -1,5 +1,6 @@
 #include "demo/script/Find.h"
 
+#include "controls/CEMenu.h"
 #include "controls/CVantWnd.h"
 
 #include <cstdlib>
@@ -57,6 +58,16 @@ bool HasFocus(const CWnd& wnd)
 bool IsSeen(const CWnd& wnd)
 {
     return ::IsWindowVisible(wnd.m_hWnd) != FALSE;
+}
+
+bool IsMenuOpen()
+{
+    for (CVantPtr* pos = CECtrl::s_eCtrls.GetHeadPos(); pos;) {
+        const auto* const menu = dynamic_cast<const CEMenu*>(CECtrl::s_eCtrls.GetNext(pos));
+        if (menu && menu->IsOpen())
+            return true;
+    }
+    return false;
 }
 
 } // namespace demo

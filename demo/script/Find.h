@@ -22,5 +22,6 @@ const CCtrlCat& CategoryOf(const CVantWnd& wnd, const wchar_t* name);
 std::wstring WindowText(const CWnd& wnd);
 bool HasFocus(const CWnd& wnd);
 bool IsSeen(const CWnd& wnd);
+bool IsMenuOpen();
 
 } // namespace demo

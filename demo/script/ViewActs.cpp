@@ -26,6 +26,26 @@ CPoint BoatIn(const Stage& stage, const CSceneWnd& view)
     return {static_cast<int>(std::lround(x)), static_cast<int>(std::lround(y))};
 }
 
+/** A place beside the boat that lies between the lines of the route, pixels. */
+CPoint NothingIn(const Stage& stage, const CSceneWnd& view)
+{
+    constexpr int least = 70; // pixels, off the boat and what it has to say
+    constexpr int most = 160;
+    constexpr int step = 5;
+    constexpr double clear = 16.0; // metres; the lines are 45 apart, the corridor reaches 8 to either side
+    const CPoint boat = BoatIn(stage, view);
+    for (int across = least; across < most; across += step) {
+        for (const CSize by : {CSize(across, across / 2), CSize(-across, across / 2)}) {
+            CV3 place;
+            const CPoint at = boat + by;
+            if (view.Xy2Pt(at.x, at.y, place) &&
+                std::abs(stage.scene.Route().CrossTrack({place.x, place.y})) > clear)
+                return at;
+        }
+    }
+    return boat; // which the act does not accept
+}
+
 double FromBoat(const Stage& stage, const CSceneWnd& view)
 {
     return (view.Cam().org - stage.scene.Boat().Now().place).Length();
@@ -100,7 +120,7 @@ const Act acts[] = {
     {L"a click beside the boat picks nothing",
      [](Stage& s) {
          s.hands.Key('S');
-         s.hands.Click(s.chart, BoatIn(s, s.chart) + CSize(120, 60));
+         s.hands.Click(s.chart, NothingIn(s, s.chart));
      },
      [](const Stage& s) { return s.chart.mouseMode == CDsp::mousePick && s.chart.Picked().IsEmpty(); }},
 
@@ -126,6 +146,9 @@ const Act acts[] = {
          s.hands.Drag(s.orbit, boat, boat, CInput::Button::Right);
      },
      [](const Stage& s) { return IsBoat(s.orbit.Picked()); }},
+
+    {L"and opens its menu, which Escape closes", [](Stage& s) { s.hands.Key(VK_ESCAPE); },
+     [](const Stage& s) { return !IsMenuOpen() && HasFocus(s.orbit); }},
 
     {L"Escape leads from the view back to the bridge", [](Stage& s) { s.hands.Key(VK_ESCAPE); },
      [](const Stage& s) { return HasFocus(s.bridge); }, L"step-views.png", true},

@@ -279,12 +279,12 @@ TEST_F(DemoRun, FollowsTheDotsPerInchOfItsMonitor)
 
 TEST_F(DemoRun, ALostWindowComesBackToTheScreen)
 {
-    std::ofstream(m_dir / "VantDemo.xml")
-        << "<Corvane date=\"\">\n<Collection name=\"VantDemo\">\n"
-           "<Object name=\"Display\" type=\"DemoSettings\">\n"
-           "<Left val=\"-9000\"/>\n<Top val=\"8000\"/>\n"
-           "<Right val=\"-7800\"/>\n<Bottom val=\"8800\"/>\n"
-           "<DepthSpan val=\"-5\"/>\n<Units val=\"7\"/>\n</Object>\n</Collection>\n</Corvane>\n";
+    std::ofstream(m_dir / "VantDemo.xml") << "<Corvane date=\"\">\n<Collection name=\"VantDemo\">\n"
+                                             "<Object name=\"Display\" type=\"DemoSettings\">\n"
+                                             "<Left val=\"-9000\"/>\n<Top val=\"8000\"/>\n"
+                                             "<Right val=\"-7800\"/>\n<Bottom val=\"8800\"/>\n"
+                                             "<DepthSpan val=\"-5\"/>\n<Gain val=\"400\"/>\n<Units "
+                                             "val=\"7\"/>\n</Object>\n</Collection>\n</Corvane>\n";
     Program program(m_dir, L"--seconds 0.3 --out .");
     ASSERT_EQ(0, program.ExitCode()) << program.Err();
     const std::string settings = Contents(m_dir / "VantDemo.xml");
@@ -296,6 +296,7 @@ TEST_F(DemoRun, ALostWindowComesBackToTheScreen)
     EXPECT_LE(window.right, screen.right);
     EXPECT_LE(window.bottom, screen.bottom);
     EXPECT_EQ("120", Item(settings, "DepthSpan")) << "no span that can be shown";
+    EXPECT_EQ("0", Item(settings, "Gain")) << "beyond the slider";
     EXPECT_EQ("0", Item(settings, "Units")) << "no such system";
 }
 
@@ -312,12 +313,12 @@ TEST_F(DemoRun, TheScriptPassesAndWhatItSetIsRestored)
             EXPECT_THAT(line, testing::EndsWith(" ... ok"));
             ++passed;
         }
-        EXPECT_GE(passed, 50U);
+        EXPECT_GE(passed, 60U);
     }
     for (const char* const picture :
          {"step-invalid.png", "step-message.png", "step-alarm.png", "step-category.png", "step-units.png",
-          "step-dial.png", "step-course-up.png", "step-views.png", "step-colours.png", "step-video.png",
-          "orbit.avi", "demo.png"})
+          "step-dial.png", "step-course-up.png", "step-views.png", "step-colours.png", "step-remote.png",
+          "step-survey.png", "step-menu.png", "step-video.png", "orbit.avi", "demo.png"})
         EXPECT_TRUE(fs::exists(m_dir / picture)) << picture;
     const std::string video = Contents(m_dir / "orbit.avi");
     EXPECT_THAT(video, testing::StartsWith("RIFF"));
@@ -332,6 +333,8 @@ TEST_F(DemoRun, TheScriptPassesAndWhatItSetIsRestored)
     const std::string settings = Contents(m_dir / "VantDemo.xml");
     EXPECT_EQ("2", Item(settings, "Runs"));
     EXPECT_EQ("15.5", Item(settings, "ShallowLimit"));
+    EXPECT_EQ("0", Item(settings, "SurveyOpen"));
+    EXPECT_NE("0", Item(settings, "SurveyRight")) << "where it was shown";
     EXPECT_EQ("0x2a00140a", Item(settings, "Address")) << "10.20.0.42";
     EXPECT_THAT(Item(settings, "BeamSlope"), testing::StartsWith("1.22")) << "70 degrees";
 }

@@ -76,6 +76,7 @@ TEST(ViewPlaces, TheViewsLieBesideTheBridgeWhereTheScreenHasRoom)
             for (const Box& other : all)
                 EXPECT_TRUE(&box == &other || apart(box, other)) << work.Width();
         }
+        EXPECT_TRUE(inside(views.survey, bridge)) << "over it: it is closed at first";
         EXPECT_GE(views.chart.Width(), demo::ViewPlaces::leastWidth);
         EXPECT_GE(views.orbit.Height(), demo::ViewPlaces::leastHeight);
         EXPECT_GE(views.colours.Width(), demo::ViewPlaces::leastWidth);
@@ -92,6 +93,7 @@ TEST(ViewPlaces, OnASmallScreenTheyLieOverTheBridge)
     EXPECT_EQ(views.chart, demo::Overlap(views.chart, work));
     EXPECT_EQ(views.orbit, demo::Overlap(views.orbit, work));
     EXPECT_EQ(views.colours, demo::Overlap(views.colours, work));
+    EXPECT_EQ(views.survey, demo::Overlap(views.survey, work));
     EXPECT_GT(views.orbit.left, views.chart.left) << "each can be taken hold of";
     EXPECT_GT(views.orbit.top, views.chart.top);
 }

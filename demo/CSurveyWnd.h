@@ -1,0 +1,85 @@
+#pragma once
+
+#include "controls/CRcMgr.h"
+#include "demo/CSceneWnd.h"
+
+class CEChart;
+class CEGrid;
+class CESlider;
+struct CEGridCell;
+
+namespace demo
+{
+
+/** The survey: depth and speed as they come, on strip charts over the log's time; lamps; the gain with which
+ *  the sea bed shows; and the waypoints of the planned route, as the boat sees them. A waypoint that is
+ *  selected comes into the middle of the chart.
+ *
+ *  The log of the boat tells nothing of an engine: three lamps tell whether a sensor is live, silent or gone,
+ *  the fourth whether the boat makes way through the water. Nor does the log hold echoes to amplify: the gain
+ *  is that of the sea bed's colours, in decibels.
+ *
+ *  A controller (Remote()) steps through the gain, the waypoints and the button below them. */
+class CSurveyWnd : public CVantWnd
+{
+    DECLARE_DYNAMIC(CSurveyWnd)
+
+public:
+    /** All outlive it. @param chart  shows the waypoints */
+    CSurveyWnd(Session& session, Scene& scene, CSceneWnd& chart);
+
+    /** Makes the window, hidden. @param first  see PopupFrame::Open() */
+    bool Open(CWnd& owner, const Box& first);
+    PopupFrame& Frame() noexcept { return m_frame; }
+
+    /** @name Its controls; null before it is open @{ */
+    const CEChart* Strips() const noexcept { return m_strips; }
+    CESlider* Gain() const noexcept { return m_gain; }
+    CEGrid* Waypoints() const noexcept { return m_waypoints; }
+    CECtrl* WholeRoute() const noexcept { return m_wholeRoute; }
+    /** @} */
+    const CRcMgr& Remote() const noexcept { return m_remote; }
+
+    void SetupCtrls() override;
+    void OnPoll(double t) override;
+    void OnInfoMsg(int msg, void* data) override;
+
+protected:
+    afx_msg int OnCreate(LPCREATESTRUCT create);
+    afx_msg void OnDestroy();
+    afx_msg void OnClose();
+    afx_msg void OnMove(int toX, int toY);
+    afx_msg void OnSize(UINT type, int cx, int cy);
+    DECLARE_MESSAGE_MAP()
+
+private:
+    void AddLamps();
+    void AddStrips();
+    void AddWaypoints();
+    void Record();
+    void ShowLamps();
+    void ShowWaypoints(double t);
+    void OnCell(CEGridCell& cell);
+    void OnGain();
+    void OnWaypoint();
+    void OnWholeRoute();
+
+    Session& m_session;
+    Scene& m_scene;
+    CSceneWnd& m_chart;
+    PopupFrame m_frame;
+    CEChart* m_strips = nullptr; // its category's, as the other controls
+    CESlider* m_gain = nullptr;
+    CEGrid* m_waypoints = nullptr;
+    CECtrl* m_wholeRoute = nullptr;
+    int m_depth = 0; // traces
+    int m_speed = 0;
+    int m_lamps[3] = {}; // Freshness of the sounder, the log and the receiver
+    int m_underWay = 0;
+    int m_row = -1;          // waypoint that is selected
+    double m_taken = 0.0;    // time of the tape that the strips have reached
+    double m_nextRows = 0.0; // when the waypoints are shown anew
+    CRcMgr m_remote;
+};
+
+} // namespace demo
