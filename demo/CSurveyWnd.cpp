@@ -46,6 +46,8 @@ constexpr int stripSamples = 1 << 16;  // half an hour at 30 a second
 constexpr int typeWhole = 4; // of the grid's columns, see CEVal
 constexpr int typeNumber = 9;
 
+constexpr int idWaypoints = 100; // without one the grid would not tell of Enter
+
 enum WaypointCol { colPoint, colDistance, colBearing, colLeg };
 
 /** What the lamps before the last one tell of, in their order. */
@@ -154,7 +156,7 @@ void CSurveyWnd::AddWaypoints()
 {
     CEFlex atRight(1, 0, 1, 1);
     SetPos(stripsWidth + 2 * edge, partsTop);
-    m_waypoints = InsGrid(gridWidth, L"Waypoints", 0, partsHeight, &atRight);
+    m_waypoints = InsGrid(gridWidth, L"Waypoints", idWaypoints, partsHeight, &atRight);
     m_waypoints->AddCol(L"Point", 60, typeWhole);
     CEGridCol* const distance = m_waypoints->AddCol(L"Distance", 90, typeNumber);
     distance->units = lengthUnit;
@@ -299,6 +301,14 @@ void CSurveyWnd::OnWaypoint()
     const GroundPoint& place = points[static_cast<std::size_t>(m_row)].place;
     m_chart.FollowBoat(false);
     m_chart.SetViewOrg({place.east, place.north, 0});
+}
+
+/** Enter or a double click in the grid, whose row need not change then. */
+BOOL CSurveyWnd::OnCommand(WPARAM wParam, LPARAM lParam)
+{
+    if (m_waypoints && HIWORD(wParam) == LBN_DBLCLK && reinterpret_cast<HWND>(lParam) == m_waypoints->m_hWnd)
+        OnWaypoint();
+    return CVantWnd::OnCommand(wParam, lParam);
 }
 
 void CSurveyWnd::OnWholeRoute()

@@ -13,7 +13,7 @@ namespace demo
 
 /** The survey: depth and speed as they come, on strip charts over the log's time; lamps; the gain with which
  *  the sea bed shows; and the waypoints of the planned route, as the boat sees them. A waypoint that is
- *  selected comes into the middle of the chart.
+ *  selected comes into the middle of the chart; Enter or a double click brings it there again.
  *
  *  The log of the boat tells nothing of an engine: three lamps tell whether a sensor is live, silent or gone,
  *  the fourth whether the boat makes way through the water. Nor does the log hold echoes to amplify: the gain
@@ -45,6 +45,7 @@ public:
     void OnInfoMsg(int msg, void* data) override;
 
 protected:
+    BOOL OnCommand(WPARAM wParam, LPARAM lParam) override;
     afx_msg int OnCreate(LPCREATESTRUCT create);
     afx_msg void OnDestroy();
     afx_msg void OnClose();

@@ -167,7 +167,7 @@ const Act acts[] = {
          for (const CWnd* console :
               std::initializer_list<const CWnd*>{&Vant::alarm, &Vant::csl, &Vant::status, &Vant::comms})
              windows += IsSeen(*console);
-         windows += IsSeen(s.chart) + IsSeen(s.orbit) + IsSeen(s.colours);
+         windows += IsSeen(s.chart) + IsSeen(s.orbit) + IsSeen(s.colours) + IsSeen(s.survey);
          s.hands.Key(VK_F6, windows);
      },
      [](const Stage& s) { return HasFocus(s.bridge); }},

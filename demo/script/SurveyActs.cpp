@@ -120,6 +120,13 @@ const Act acts[] = {
      [](const Stage& s) { return s.survey.Waypoints()->CurRow() == nextRow && ShowsWaypoint(s, nextRow); },
      L"step-survey.png", true},
 
+    {L"Enter brings it there again",
+     [](Stage& s) {
+         s.chart.FollowBoat(true);
+         s.hands.Key(VK_RETURN);
+     },
+     [](const Stage& s) { return ShowsWaypoint(s, nextRow); }},
+
     {L"a right click on the boat opens its menu",
      [](Stage& s) {
          s.session.paused = 1; // the boat waits for the mouse
