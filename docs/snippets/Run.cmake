@@ -8,8 +8,8 @@ if(NOT result EQUAL 0)
   message(FATAL_ERROR "${name} ended with ${result}:\n${output}")
 endif()
 
-file(STRINGS ${SOURCE} takes_picture REGEX "\"--picture\"")
-if(takes_picture)
+file(STRINGS ${SOURCE} shows_window REGEX "CreateWnd|--picture")
+if(shows_window)
   set(smallest 3000) # bytes; an empty window makes less
   set(size 0)
   if(EXISTS ${WORK_DIR}/${name}.png)
