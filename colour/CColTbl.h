@@ -32,7 +32,8 @@ public:
     CColTbl& operator=(const CColTbl& other);
     ~CColTbl() = default;
 
-    /** @name Fields @{ */
+    /** @name Fields */
+    ///@{
     CPtrAry<CRgb> cols;        ///< the entries
     CString name;              ///< display name, and the key of GetColTbl()
     CString file;              ///< path of the file that it was read from; empty without one

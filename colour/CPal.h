@@ -28,7 +28,7 @@ public:
     static constexpr LPCWSTR typeName = L"Palette"; ///< type of the palettes' objects in the settings
     static constexpr unsigned int unlisted = 1;     ///< for the constructor: stay out of #s_pals
 
-    /** The table "Depths", if it has been loaded, becomes the #source of the master table; the table itself
+    /** The table "Depths", if it has been loaded, becomes the source of the master table; the table itself
      * is deliberately the default one until it is chosen. */
     CPal();
     /** @param flags  with bit #unlisted it is not appended to #s_pals */
@@ -58,6 +58,7 @@ public:
      * #wrap that of the table begun anew, so that #end has the first entry's. There is no colour, but
      * #fallback, where start and end are the same, the table is empty, or the arithmetic has no result: for
      * NaN, and with #wrap for an infinite value. @{ */
+    /** The colour of a value, into `colour`. */
     void GetCol(double value, CRgb& colour) const;
     /** The colour as a COLORREF. */
     COLORREF GetCol(double value) const;
@@ -80,7 +81,8 @@ public:
     /** The first listed palette with exactly this window name; null if there is none. */
     static CPal* GetPal(const CString& palName);
 
-    /** @name The listed palettes in the settings, in the collection "Palettes" @{ */
+    /** @name The listed palettes in the settings, in the collection "Palettes" */
+    ///@{
     /** Stores the settings of every palette in an object named like it, of the type #typeName. */
     static void SaveSet(CESet& set);
     /** Gives every object, in the order of the file, to the first palette of its name. Palettes are windows
@@ -100,7 +102,7 @@ public:
     void Settings(CESetObj& obj) override;
     /** Background and bar. */
     void Draw(CDC* dc) override;
-    using CVantWnd::LayoutWnd;
+    using CVantWnd::LayoutWnd; ///< the one without an argument, too
     /** Places the bar, too. */
     void LayoutWnd(int quiet) override;
 

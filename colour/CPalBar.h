@@ -26,7 +26,8 @@ public:
      * copies the values. */
     void Init(CColTbl& colTbl, double& startVal, double& endVal);
 
-    /** @name Fields @{ */
+    /** @name Fields */
+    ///@{
     CColTbl* pTbl = nullptr;  ///< the table; null: an empty frame. Not owned.
     double* pStart = nullptr; ///< value of the first entry; null: #start is. Not owned.
     double* pEnd = nullptr;   ///< value of the last entry; null: #end is. Not owned.

@@ -37,24 +37,25 @@ class VANT_API CCtrlCat
 public:
     /** Values of #kind. Any other kind of category keeps the place that its owner gives it. */
     enum Kind {
-        kindRoot = 0, ///< a block at the top left that only its own position moves
-        kindStacked = 1,
-        anchorTopLeft = 4356,
-        anchorTopCentre = 4612,
-        anchorTopRight = 5124,
-        anchorMiddleLeft = 8452,
-        anchorCentre = 8708,
-        anchorMiddleRight = 9220,
-        anchorBottomLeft = 16644,
-        anchorBottomCentre = 16900,
-        anchorBottomRight = 17412,
+        kindRoot = 0,               ///< a block at the top left that only its own position moves
+        kindStacked = 1,            ///< a section of the window, below the one before
+        anchorTopLeft = 4356,       ///< a block that keeps to the top left corner of the window
+        anchorTopCentre = 4612,     ///< likewise to the middle of the upper edge
+        anchorTopRight = 5124,      ///< to the top right corner
+        anchorMiddleLeft = 8452,    ///< to the middle of the left edge
+        anchorCentre = 8708,        ///< to the middle of the window
+        anchorMiddleRight = 9220,   ///< to the middle of the right edge
+        anchorBottomLeft = 16644,   ///< to the bottom left corner
+        anchorBottomCentre = 16900, ///< to the middle of the lower edge
+        anchorBottomRight = 17412,  ///< to the bottom right corner
     };
 
     CCtrlCat();
     CCtrlCat(const CCtrlCat&) = delete;
     CCtrlCat& operator=(const CCtrlCat&) = delete;
 
-    /** @name Fields @{ */
+    /** @name Fields */
+    ///@{
     CString catName;             ///< "ROOT"; the key of CVantWnd::GetCat() and of the settings
     CVantWnd* pParent = nullptr; ///< the window that it is in; null until GetCat() sets it; a window's own
                                  ///< category has the window itself. Not owned.
@@ -62,18 +63,22 @@ public:
     int hasHdr = 0;              ///< non-zero: the category has a header above its controls
     int kind = 0;                ///< Kind
     int lvlMask = 1;             ///< user levels whose controls are shown
-    int x = 0, y = 0;            ///< where the block starts in the window
+    int x = 0;                   ///< where the block starts in the window, from its left edge
+    int y = 0;                   ///< likewise, from its upper edge
     int hdrH = 24;               ///< height of the header and of a line
     int ctrlH = 20;              ///< height of a control
     int gap = 2;                 ///< between controls side by side
-    int curX = 10, curY = 10;    ///< the cursor
+    int curX = 10;               ///< the cursor: how far it is to the right
+    int curY = 10;               ///< the cursor: how far it is down
     int leftM = 10;              ///< left margin, where lines start
-    int maxX = -1, maxY = -1;    ///< right-most and bottom-most place reached: width and height of the block
+    int maxX = -1;               ///< right-most place reached: the width of the block
+    int maxY = -1;               ///< bottom-most place reached: the height of the block
     CEStyle catStyle;            ///< copied into every new control
     CLstPtr<CECtrl*> ctrls;      ///< in order of insertion; DestroyCtrls() deletes them
     /** @} */
 
-    /** @name Operations of the category, in this order @{ */
+    /** @name Operations of the category, in this order */
+    ///@{
     /** Exchanges #expanded, under the category's name with every blank as an underscore, and the values of
      * the controls that have a name for them (CECtrl::Settings()). */
     virtual void Settings(CESetObj& obj);
@@ -106,18 +111,22 @@ public:
     void CalcRect(CRect& r, int width, int advance);
     /** Starts the next line, #hdrH below. */
     void NewLn();
+    /** Moves the cursor to the right by `dx`, which may be negative. */
     void ShiftX(int dx);
     /** Moves the cursor down by `dy`, and to `toX` unless that is negative. */
     void ShiftY(int dy, int toX = -1);
+    /** Puts the cursor to a place of the line it is in. */
     void SetX(int toX);
+    /** Puts the cursor up or down; it stays as far to the right as it is. */
     void SetY(int toY);
+    /** Puts the cursor to a place of the block. */
     void SetPos(int toX, int toY);
     /** Starts a line at `toY`: the cursor goes to the left margin. */
     void SetCtrlY(int toY);
     /** @} */
 
     /** @name Size of the block of controls
-     *  Setting replaces what the insertions reached; they may enlarge it again. @{ */
+     *  Each that sets replaces what the insertions reached; they may enlarge it again. @{ */
     void SetWidth(int width);
     void SetHeight(int height);
     void SetExtents(int width, int height);
@@ -126,6 +135,7 @@ public:
     /** Height of the category: of a stacked one its header, and its block too while it is expanded; of any
      * other one its block (-1 without controls). */
     int GetCtrlHeight() const;
+    /** Both at once: GetCtrlWidth() and GetCtrlHeight(). */
     CSize GetCtrlExtents() const;
     /** @} */
 
@@ -145,6 +155,7 @@ public:
             ctrl->Init(variable);
         return ctrl;
     }
+    /** The same, bound to a pointer of the application. */
     CECtrl* InsCtrl(int width, int typeCode, void** variable, CEFlex* flex = nullptr);
     CECtrl* InsCtrl(int width, int typeCode, void*& variable, CEFlex* flex = nullptr)
     {

@@ -30,18 +30,22 @@ public:
      * windows do so when they are created and when they come to another monitor. */
     void Set(HWND wnd) const noexcept;
 
+    /** Pixels per inch. */
     int Dpi() const noexcept { return m_dpi; }
+    /** Whether a unit is a pixel: 96 dots per inch. */
     bool IsUnit() const noexcept { return m_dpi == base; }
     bool operator==(const CDpi&) const noexcept = default;
 
-    /** @name Units to pixels, rounded to the nearest, halves away from zero. A rectangle's edges are rounded
-     * one by one, so that neighbours still meet. @{ */
+    /** @name Units to pixels
+     *  Each rounds to the nearest, halves away from zero. A rectangle's edges are rounded one by one, so that
+     * neighbours still meet. @{ */
     int ToPx(int units) const noexcept;
     CPoint ToPx(CPoint units) const noexcept;
     CRect ToPx(const CRect& units) const noexcept;
     /** @} */
 
-    /** @name Pixels to units, rounded likewise @{ */
+    /** @name Pixels to units
+     *  Each rounds as ToPx() does. @{ */
     int ToUnits(int px) const noexcept;
     CPoint ToUnits(CPoint px) const noexcept;
     CRect ToUnits(const CRect& px) const noexcept;

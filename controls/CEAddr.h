@@ -23,7 +23,8 @@ public:
     explicit CEAddr(int isGreyed);
     ~CEAddr() override;
 
-    /** @name Fields @{ */
+    /** @name Fields */
+    ///@{
     std::array<unsigned char, fields> addr{}; ///< the address as it is edited, the left field first
     std::array<CEEdit, fields> edits;         ///< one field for each byte
     int greyed = 0;                           ///< non-zero: shown only, and never written back

@@ -43,28 +43,39 @@ class VANT_API CEAttempt : public vant::detail::ClickCtrl
 
 public:
     /** What is going on; the numbers are those of the bound variable. */
-    enum Phase { idle, pending, succeeded, failed, timedOut, cancelled };
+    enum Phase {
+        idle,      ///< nothing to show: before the first attempt, and some time after the last
+        pending,   ///< an attempt is going on
+        succeeded, ///< the last one has succeeded
+        failed,    ///< it has failed
+        timedOut,  ///< it has taken longer than #timeOut
+        cancelled, ///< the user or Cancel() ended it
+    };
 
     CEAttempt();
 
-    /** @name Fields @{ */
+    /** @name Fields */
+    ///@{
     double timeOut = 10; ///< seconds that an attempt may take; 0: any time
     double showFor = 5; ///< seconds for which a success or a cancellation is shown; 0: until the next attempt
     int mayCancel = 1;  ///< non-zero: the user may cancel an attempt
-    CString pendingText; ///< caption of a phase; empty: `text`
-    CString succeededText;
-    CString failedText = L"Failed"; ///< where no reason is given
-    CString timedOutText = L"Timed out";
-    CString cancelledText = L"Cancelled";
+    CString pendingText;                  ///< caption of a phase; empty: `text`
+    CString succeededText;                ///< likewise, after a success
+    CString failedText = L"Failed";       ///< where no reason is given
+    CString timedOutText = L"Timed out";  ///< where it took longer than #timeOut
+    CString cancelledText = L"Cancelled"; ///< where the user or Cancel() ended it
     /** @} */
 
-    /** @name Course of an attempt; UI thread @{ */
+    /** @name Course of an attempt; UI thread */
+    ///@{
     /** Begins one as a click does, also while the button is disabled.
      *  @return its number, above 0; 0 if one is pending already */
     int Begin();
-    /** End the one that is pending; nothing if none is. */
+    /** Ends the one that is pending with a success; nothing if none is. */
     void Succeed();
+    /** Ends the one that is pending as failed. @param reason  shown in place of #failedText */
     void Fail(const CString& reason = CString());
+    /** Ends the one that is pending as cancelled, as the user may. */
     void Cancel();
     /** What is going on, as the bound variable has it. */
     int Now() const;

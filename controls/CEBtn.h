@@ -3,7 +3,7 @@
 #include "controls/detail/ClickCtrl.h"
 #include "core/VantApi.h"
 
-/** A push button. A click fires the callbacks (CEVal::Execute()), and then, if the button has an #id, tells
+/** A push button. A click fires the callbacks (CEVal::Execute()), and then, if the button has an id, tells
  * the parent as every push button does: WM_COMMAND with BN_CLICKED; so a button with IDOK or IDCANCEL works
  * in a dialog.
  *

@@ -26,13 +26,16 @@ class VANT_API CEBtnList : public vant::detail::ClickCtrl
 public:
     CEBtnList();
 
-    /** @name Buttons, numbered from 0 at the left @{ */
+    /** @name Buttons, numbered from 0 at the left */
+    ///@{
     /** Appends a button. @return its number */
     int AddBtn(const CString& caption, int value);
     /** Appends one for every piece of a text in which they stand apart by "|", with the button's number as
      * its value. */
     void AddBtns(const CString& captions);
+    /** Removes all buttons. */
     void RemoveAll();
+    /** How many buttons there are. */
     int Count() const noexcept;
     /** A button that is not enabled cannot be chosen by the user; nothing for a number without a button. */
     void EnableBtn(int btn, bool enable);

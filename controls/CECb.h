@@ -50,10 +50,10 @@ public:
      * upright strip with its button at the bottom, and the entries stand side by side in the list, each as
      * wide and as high as in the box; texts run upwards. */
     enum Layout {
-        layoutBelow = 0,
-        layoutAbove = 1,
-        layoutRight = 2,
-        layoutLeft = 3,
+        layoutBelow = 0, ///< below the control
+        layoutAbove = 1, ///< above it
+        layoutRight = 2, ///< to the right of it, with upright texts
+        layoutLeft = 3,  ///< to the left of it, likewise
     };
 
     CECb();
@@ -70,12 +70,16 @@ public:
     CEList& List() noexcept;
     const CEList& List() const noexcept;
 
-    /** @name As CEList @{ */
+    /** @name Entries, as of CEList */
+    ///@{
+    /** Appends an entry; see CEList::Add(). */
     CELEnt* Add(const CString& entryText) { return List().Add(entryText); }
     CELEnt* Add(const CString& entryText, void* item) { return List().Add(entryText, item); }
     CELEnt* Add(const CString& entryText, double num) { return List().Add(entryText, num); }
     CELEnt* Add(const CString& entryText, int num) { return List().Add(entryText, num); }
+    /** Lets a member of `target` fill the list whenever it opens; see CEList::SetFill(). */
     void SetFill(CObject* target, FillFn fn, void* data = nullptr) { List().SetFill(target, fn, data); }
+    /** Lets a member of `target` draw the entries; see CEList::SetDraw(). */
     void SetDraw(CObject* target, DrawFn fn) { List().SetDraw(target, fn); }
     /** Has the list filled, and shows the entry that the callback returned, or else the one of the bound
      * variable. */
@@ -93,6 +97,7 @@ public:
     int Open();
     /** Closes the list without a choice. */
     void Close();
+    /** Whether the list is to be seen. */
     bool IsOpen() const noexcept;
 
     /** Opens the list or, while it is open, chooses its current entry. */

@@ -67,7 +67,8 @@ public:
     CEChart();
     ~CEChart() override;
 
-    /** @name Fields @{ */
+    /** @name Fields */
+    ///@{
     int timeLabels = timeRelative; ///< TimeLabels
     double joinMax = 0.0; ///< seconds without samples over which a line still goes on; 0: any time. Set it
                           ///< before another thread adds samples.
@@ -82,9 +83,11 @@ public:
     /** Adds a trace to a strip of this chart; null takes the last one, which is made if there is none.
      *  @param capacity  samples that it keeps; at least 1 */
     CETrace* AddTrace(const CString& traceName, CEStrip* strip = nullptr, int capacity = defaultCapacity);
+    /** How many strips there are. */
     int GetStripCount() const noexcept;
     /** Null outside 0 to GetStripCount() - 1. */
     CEStrip* GetStrip(int index) const noexcept;
+    /** How many traces there are, in all strips. */
     int GetTraceCount() const noexcept;
     /** Null outside 0 to GetTraceCount() - 1. */
     CETrace* GetTrace(int index) const noexcept;
@@ -104,7 +107,8 @@ public:
     void Clear();
     /** @} */
 
-    /** @name What is shown @{ */
+    /** @name What is shown */
+    ///@{
     /** Seconds from the left edge to the right one: 60 at first. */
     double GetSpan() const noexcept;
     /** @param seconds  a thousandth to 320,000,000, into which it is brought */

@@ -45,22 +45,22 @@ public:
 
     /** Codes of the classes, by which a category creates controls; one bit each. */
     enum TypeCode {
-        typeText = 16,
-        typeLabel = 32,
-        typeEdit = 64,
-        typeBtn = 128,
-        typeCheck = 256,
-        typeCb = 512,
-        typeSlider = 1024,
-        typeLed = 2048,
-        typeList = 4096,
-        typeWnd = 8192,
-        typeRadio = 16384,
-        typeGrid = 32768,
-        typeChart = 65536,
-        typeRadius = 131072,
-        typeBtnList = 2097152,
-        typeAttempt = 4194304,
+        typeText = 16,         ///< CEText
+        typeLabel = 32,        ///< CELabel
+        typeEdit = 64,         ///< CEEdit
+        typeBtn = 128,         ///< CEBtn
+        typeCheck = 256,       ///< CECheck
+        typeCb = 512,          ///< CECb
+        typeSlider = 1024,     ///< CESlider
+        typeLed = 2048,        ///< CELed
+        typeList = 4096,       ///< CEList
+        typeWnd = 8192,        ///< CEWnd
+        typeRadio = 16384,     ///< CERadio
+        typeGrid = 32768,      ///< CEGrid
+        typeChart = 65536,     ///< CEChart
+        typeRadius = 131072,   ///< CERadius
+        typeBtnList = 2097152, ///< CEBtnList
+        typeAttempt = 4194304, ///< CEAttempt
     };
 
     /** Window style bit of a control that keeps the keyboard focus when the mouse moves over a platform
@@ -73,7 +73,8 @@ public:
     ~CECtrl() override;
     using CEVal::operator=; ///< writes the bound variable: `*ctrl = 12.5`
 
-    /** @name Fields @{ */
+    /** @name Fields */
+    ///@{
     int ctrlType = 0; ///< code of the class, see TypeCode; 0 for a class without one
     CRect rc;         ///< place in the parent (in its category while it is in one), units
     int id = 0;       ///< identifier of the child window; composite controls number their children from it
@@ -112,7 +113,8 @@ public:
      * but the next one, off the list meanwhile, and may be deleted. @param t  application time, seconds */
     static void UpdateAuCtrls(double t);
 
-    /** @name Operations of every control, in this order @{ */
+    /** @name Operations of every control, in this order */
+    ///@{
     /** Enables or disables, shows or hides, and redraws; nothing before the window exists. The argument
      * matters to derived controls only. Hidden and shown go by the control's own window, whether its parent
      * is to be seen or not. A focus that it can no longer have goes to the parent. */

@@ -19,7 +19,8 @@ public:
     CEEdit();
     ~CEEdit() override;
 
-    /** @name Fields @{ */
+    /** @name Fields */
+    ///@{
     int maxChars = 0;           ///< the most characters a user may type; 0: what the system lets in
     int aux5 = 0;               ///< for the application; the library neither reads nor writes it
     int escaped = 0;            ///< non-zero: the next loss of the focus does not store
@@ -39,7 +40,7 @@ public:
 
     /** Creates the edit window. Texts are aligned to the left; numbers are centred or, when bit 0 of the
      * style's `align` is clear, aligned to the right. Bind the variable first.
-     *  @param r  place in the parent, pixels  @return always 1; #m_hWnd is null if the system refuses */
+     *  @param r  place in the parent, pixels  @return always 1; its m_hWnd is null if the system refuses */
     int Create(unsigned long windowStyle, const RECT& r, CWnd* parent, unsigned int windowId) override;
     using CECtrl::Create;
     /** With WS_TABSTOP; enabled by the rule of Update(). */

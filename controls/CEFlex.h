@@ -11,7 +11,9 @@
 class VANT_API CEFlex
 {
 public:
+    /** Stays as it is. */
     CEFlex() noexcept = default;
+    /** The shares of the four edges. */
     CEFlex(double l, double t, double r, double b) noexcept
         : left(l)
         , top(t)

@@ -76,12 +76,17 @@ public:
     /** @} */
 
     /** How the rows are sorted. */
-    enum SortDir { sortDown = -1, sortNone = 0, sortUp = 1 };
+    enum SortDir {
+        sortDown = -1, ///< the largest first
+        sortNone = 0,  ///< as the rows come
+        sortUp = 1,    ///< the smallest first
+    };
 
     CEGrid();
     ~CEGrid() override;
 
-    /** @name Fields @{ */
+    /** @name Fields */
+    ///@{
     int rowH = 20;      ///< height of a row
     int hdrH = 24;      ///< height of the headings; 0: none
     int rowNumbers = 0; ///< non-zero: the rows' numbers, from 1, stand at the left
@@ -97,6 +102,7 @@ public:
     CEGridCol* AddCol(const CString& heading, int width = 80, int typeCode = 1);
     /** Removes all columns, and with them the bound cells and the sorting. */
     void RemoveCols();
+    /** How many columns there are. */
     int ColCount() const noexcept { return static_cast<int>(m_cols.size()); }
     /** Null outside 0 to ColCount() - 1. */
     CEGridCol* GetCol(int col) const noexcept;
@@ -106,7 +112,9 @@ public:
     void FitCol(int col);
     /** @} */
 
-    /** @name Rows @{ */
+    /** @name Rows */
+    ///@{
+    /** How many rows there are. */
     int Rows() const noexcept { return m_rows; }
     /** Sets the number of rows, which come or go at the end. */
     void SetRows(int count);
@@ -137,7 +145,8 @@ public:
     bool IsEditable(int row, int col);
     /** @} */
 
-    /** @name Order @{ */
+    /** @name Order */
+    ///@{
     /** Sorts by a column, the rows themselves staying where they are, and keeps the current cell. Data that
      * is missing stands last. The selection is the current cell alone afterwards.
      *  @param dir  SortDir  @return 1, or 0 if the column cannot be sorted by */
@@ -146,6 +155,7 @@ public:
     void SortAgain() { Sort(m_sortCol, m_sortDir); }
     /** The column that the rows are sorted by; -1 for none. */
     int SortCol() const noexcept { return m_sortCol; }
+    /** SortDir of that column. */
     int SortOrder() const noexcept { return m_sortDir; }
     /** The row that is shown at a place from the top, and the place of a row. @{ */
     int RowAt(int place) const noexcept;
@@ -153,14 +163,17 @@ public:
     /** @} */
     /** @} */
 
-    /** @name Selection @{ */
+    /** @name Selection */
+    ///@{
     /** The current cell; -1 while there is none. @{ */
     int CurRow() const noexcept;
     int CurCol() const noexcept { return m_sel.Current().col; }
     /** @} */
     /** Selects a cell alone and brings it into view. No callback is called. */
     void Sel(int row, int col);
+    /** Selects every cell. */
     void SelAll();
+    /** Whether a cell is selected. */
     bool IsSelected(int row, int col) const noexcept;
     /** The selected cells as text: cells separated by tabs, rows by line breaks, of rows and columns with a
      * selected cell; those that are not selected are blank. */
@@ -169,23 +182,27 @@ public:
     int Copy(bool withHeadings);
     /** @} */
 
-    /** @name Editing @{ */
+    /** @name Editing */
+    ///@{
     /** Edits the current cell. @return 1, or 0 if it cannot be */
     int BeginEdit();
     /** Ends the edit, storing what is valid or giving it up. @return 0 if it was not valid or not taken */
     int EndEdit(bool store);
+    /** Whether a cell is being edited. */
     bool IsEditing() const noexcept { return m_editing; }
     /** The field; null while nothing is edited. */
     CEEdit* Editor() const noexcept;
     /** @} */
 
-    /** @name Scrolling @{ */
+    /** @name Scrolling */
+    ///@{
     /** The first place in view, and how many are in view completely. @{ */
     int First() const noexcept { return m_down.First(); }
     int Page() const noexcept { return m_down.Page(); }
     /** @} */
     /** How far the columns are moved to the left. */
     int Offset() const noexcept { return m_across.First(); }
+    /** Scrolls both ways, as far as the content allows. */
     void ScrollTo(int first, int offset);
     /** Brings a cell into view. */
     void Show(int row, int col);

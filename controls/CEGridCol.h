@@ -21,10 +21,10 @@ class VANT_API CEGridCol : public CEVal
 public:
     /** Values of #align. */
     enum Align {
-        alignAuto, ///< numbers to the right, texts to the left
-        alignLeft,
-        alignCentre,
-        alignRight,
+        alignAuto,   ///< numbers to the right, texts to the left
+        alignLeft,   ///< to the left
+        alignCentre, ///< centred
+        alignRight,  ///< to the right
     };
 
     CEGridCol() = default;

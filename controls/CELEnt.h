@@ -20,6 +20,7 @@ public:
     };
 
     CELEnt() = default;
+    /** An entry with a text: alone, with an item of the application, or with a number. */
     explicit CELEnt(const CString& entryText);
     CELEnt(const CString& entryText, void* entryItem);
     CELEnt(const CString& entryText, double entryValue);

@@ -12,7 +12,7 @@ class VANT_API CELabel : public vant::detail::ClickCtrl
 public:
     /** Values of #bar. */
     enum Bar {
-        barNone = 0,
+        barNone = 0,     ///< the text alone
         barCaption = 1,  ///< a bar for titles
         barCategory = 2, ///< a bar with a coloured left end, as of the sections of a window
     };

@@ -30,8 +30,20 @@ class VANT_API CELed : public vant::detail::MarkCtrl
     DECLARE_DYNAMIC(CELed)
 
 public:
-    enum Colour { green, amber, red, blue, white };
-    enum Mode { dark, lit, blink };
+    /** What a lamp shines in. */
+    enum Colour {
+        green, ///< as it should be
+        amber, ///< something to look at
+        red,   ///< something is wrong
+        blue,  ///< on, without a judgement
+        white, ///< likewise, brighter
+    };
+    /** How it shines. */
+    enum Mode {
+        dark,  ///< switched off, in its colour
+        lit,   ///< shining
+        blink, ///< one half of each second
+    };
 
     CELed();
 
@@ -47,6 +59,7 @@ public:
     /** Whether the table has the value. */
     bool IsKnown() const;
 
+    /** Goes on blinking, and shows the value as it is now. @param t  seconds */
     void AutoUpdate(double t) override;
 
 protected:

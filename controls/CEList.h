@@ -56,7 +56,8 @@ public:
     CEList();
     ~CEList() override;
 
-    /** @name Fields @{ */
+    /** @name Fields */
+    ///@{
     int entryH = 20;   ///< room of an entry along the list: its height, or in a row its width
     int inRow = 0;     ///< non-zero: the entries stand side by side, each as high as the list, and their
                        ///< texts run upwards
@@ -78,6 +79,7 @@ public:
     void Remove(CELEnt* ent);
     /** Removes all entries, and with them the selection. The bound variable stays. */
     void Clear();
+    /** How many entries there are. */
     int GetCount() const noexcept;
     /** The entry at a place; null outside 0 to GetCount() - 1. */
     CELEnt* GetAt(int index) const noexcept;
@@ -99,7 +101,8 @@ public:
     CELEnt* FindVal(const CEVal& val) const;
     /** @} */
 
-    /** @name Selection @{ */
+    /** @name Selection */
+    ///@{
     /** The selected entry; null for none. */
     CELEnt* GetSel() const noexcept { return m_sel; }
     /** Selects an entry of this list, or none, and brings it into view. The bound variable stays, and no
@@ -130,11 +133,13 @@ public:
     void DrawEnt(CDC* dc, const CRect& place, CELEnt* ent, bool selected);
     /** @} */
 
-    /** @name Scrolling @{ */
+    /** @name Scrolling */
+    ///@{
     /** The first entry in view. */
     int First() const noexcept { return m_scroll.First(); }
     /** How many entries are in view completely. */
     int Page() const noexcept { return m_scroll.Page(); }
+    /** Scrolls as far as the content allows. */
     void ScrollTo(int first);
     /** Scrolls as little as is needed to have an entry in view. */
     void Show(const CELEnt* ent);

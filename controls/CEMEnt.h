@@ -18,7 +18,7 @@ class VANT_API CEMEnt
 public:
     /** Values of #mark. */
     enum Mark {
-        markNone = 0,
+        markNone = 0,   ///< none
         markCheck = 1,  ///< a check mark
         markBullet = 2, ///< the mark of one choice out of several
     };
@@ -28,7 +28,8 @@ public:
     CEMEnt& operator=(const CEMEnt&) = delete;
     ~CEMEnt();
 
-    /** @name Fields @{ */
+    /** @name Fields */
+    ///@{
     CString text;              ///< with its mnemonic and its key; empty for a line between entries
     int enabled = 1;           ///< 0: greyed, and cannot be chosen
     int mark = markNone;       ///< Mark; a bound variable goes before it
@@ -43,8 +44,11 @@ public:
     std::unique_ptr<CEMenu> sub;     ///< the menu that opens beside the entry; null for none
     /** @} */
 
-    /** @name Setting, in a row: `menu.Add(L"&Grid", infoGrid)->Check(m_grid)->Enable(m_hasGrid)` @{ */
+    /** @name Setting, in a row: `menu.Add(L"&Grid", infoGrid)->Check(m_grid)->Enable(m_hasGrid)` */
+    ///@{
+    /** Greys the entry, or not any more. */
     CEMEnt* Enable(int on);
+    /** Sets #mark. */
     CEMEnt* SetMark(int newMark);
     /** Lets a bit of an int be set, and toggled before anything is called; it must outlive the menu. */
     CEMEnt* Check(int& var, int bits = 1);
@@ -52,13 +56,15 @@ public:
     CEMEnt* Choice(int& var, int value);
     /** @} */
 
+    /** Whether it is a line between entries. */
     bool IsSeparator() const { return text.IsEmpty() && !sub; }
     /** Whether the entry does something when it is chosen: neither greyed, nor a line or a sub-menu. */
     bool IsChoosable() const { return enabled && !IsSeparator() && !sub; }
     /** The mark that is shown, Mark. */
     int ShownMark() const;
-    /** The part of the text before the tab, and the one behind it. */
+    /** The part of the text before the tab. */
     CString Label() const;
+    /** The part of the text behind the tab, which names a key; empty without one. */
     CString Key() const;
 
     /** Does what choosing the entry does: the variable, the callbacks, the message. The menu may be gone

@@ -62,8 +62,11 @@ public:
     void AddSep();
     /** Appends an entry that opens a menu. @return that menu, which is empty and belongs to this one */
     CEMenu* AddSub(const CString& entryText);
+    /** Removes all entries, and the menus that they open. */
     void Clear();
+    /** Whether there is no entry. */
     bool IsEmpty() const noexcept { return m_ents.IsEmpty(); }
+    /** How many entries there are, lines included. */
     int GetCount() const noexcept { return m_ents.GetCount(); }
     /** The entry at a place, lines included; null outside 0 to GetCount() - 1. */
     CEMEnt* GetAt(int index) const noexcept { return m_ents.GetAt(m_ents.FindIndex(index)); }
@@ -83,6 +86,7 @@ public:
     CEMEnt* TrackBelow(const CRect& screenRc, CWnd* owner);
     /** Closes the menu without a choice. */
     void Cancel();
+    /** Whether the menu is to be seen. */
     bool IsOpen() const noexcept { return m_hWnd != nullptr; }
     /** @} */
 

@@ -29,13 +29,14 @@ public:
     enum Status {
         running, ///< going on; from the end of the range on it counts as done
         paused,  ///< waiting; this time does not count
-        done,
-        failed,
+        done,    ///< at its end
+        failed,  ///< given up
     };
 
     CEProcess();
 
-    /** @name Fields; what is changed shows by itself @{ */
+    /** @name Fields; what is changed shows by itself */
+    ///@{
     int status = running; ///< Status
     int showPercent = 1;  ///< non-zero: the percentage, while it is known
     int showTimeLeft = 1; ///< non-zero: the time left, while it runs and can be told

@@ -21,7 +21,8 @@ public:
      * into gives it the height of its own controls, though (CCtrlCat::ctrlH). */
     CERadius();
 
-    /** @name Fields @{ */
+    /** @name Fields */
+    ///@{
     double brg = 0.0;   ///< bearing, radians clockwise from the top of the dial
     double slope = 0.0; ///< angle above the horizon, radians; below it is drawn as above
     int dragging = 0;   ///< non-zero while the user drags the handle

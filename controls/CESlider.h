@@ -51,11 +51,16 @@ class VANT_API CESlider : public CECtrl
 
 public:
     /** Values of #ticks. */
-    enum TickKind { ticksNone, ticksMarks, ticksNumbers };
+    enum TickKind {
+        ticksNone,    ///< the groove alone
+        ticksMarks,   ///< marks at round numbers
+        ticksNumbers, ///< the numbers, too
+    };
 
     CESlider();
 
-    /** @name Fields @{ */
+    /** @name Fields */
+    ///@{
     int vertical = 0; ///< non-zero: upright
     double step = 0;  ///< between two values, in the variable's unit; 0: as fine as pixels and type allow
     int ticks =

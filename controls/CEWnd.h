@@ -23,7 +23,7 @@ public:
 
     /** Lets `w` draw, through its DrawEWnd(). Null ends that. */
     void SetTarget(CVantWnd* w);
-    using CEVal::SetCallback;
+    using CEVal::SetCallback; ///< the callbacks of the value, beside the one that draws
     /** Lets a member of `target` draw. */
     void SetCallback(CObject* target, DrawFn fn);
 

@@ -13,6 +13,7 @@ public:
     CRcGrp(const CRcGrp&) = delete;
     CRcGrp& operator=(const CRcGrp&) = delete;
 
+    /** The name that CRcMgr::GetGrp() was asked for. */
     const CString& Name() const noexcept { return m_name; }
 
     /** The set of that name, appended if there is none. Owned by the group; valid until DelSet(). */

@@ -31,7 +31,11 @@ class VANT_API CRcKeys
 {
 public:
     /** Keys that are held down meanwhile. */
-    enum HeldBits { heldCtrl = 1, heldShift = 2, heldAlt = 4 };
+    enum HeldBits {
+        heldCtrl = 1,  ///< Ctrl
+        heldShift = 2, ///< Shift
+        heldAlt = 4,   ///< Alt
+    };
 
     CRcKeys();
 

@@ -50,18 +50,18 @@ public:
     /** Information messages that give orders; #infoShift is added to them. */
     enum Info {
         infoNextGrp = 5301, ///< to the next group that can be used
-        infoPrevGrp,
-        infoNextSet, ///< to the next set of the group
-        infoPrevSet,
-        infoNextCtrl, ///< to the next control of the set
-        infoPrevCtrl,
-        infoInc, ///< more, by coarse or fine steps as #fine says
-        infoDec,
-        infoIncFine, ///< more, by fine steps
-        infoDecFine,
-        infoPress,   ///< a click on the control, one whatever the number
-        infoFine,    ///< changes over between coarse and fine steps
-        infoRelease, ///< lets go: nothing is current, and nothing glows
+        infoPrevGrp,        ///< to the one before
+        infoNextSet,        ///< to the next set of the group
+        infoPrevSet,        ///< to the one before
+        infoNextCtrl,       ///< to the next control of the set
+        infoPrevCtrl,       ///< to the one before
+        infoInc,            ///< more, by coarse or fine steps as #fine says
+        infoDec,            ///< less, likewise
+        infoIncFine,        ///< more, by fine steps
+        infoDecFine,        ///< less, likewise
+        infoPress,          ///< a click on the control, one whatever the number
+        infoFine,           ///< changes over between coarse and fine steps
+        infoRelease,        ///< lets go: nothing is current, and nothing glows
     };
     /** Notification (OnNfyWnd()): the current control has changed, or its set or #fine. Data: the control;
      * null for none. */
@@ -71,7 +71,8 @@ public:
     CRcMgr();
     ~CRcMgr() override;
 
-    /** @name Fields @{ */
+    /** @name Fields */
+    ///@{
     int wrap = 1;       ///< non-zero: after the last control, set or group comes the first
     int fine = 0;       ///< non-zero: fine steps; persistent
     int infoShift = 0;  ///< added to the numbers of Info: for a second manager
@@ -79,11 +80,13 @@ public:
     double fade = 0.4;  ///< time in which the glow fades, seconds
     /** @} */
 
-    /** @name Groups @{ */
+    /** @name Groups */
+    ///@{
     /** The group of that name, appended if there is none. Owned by the manager; valid until DelGrp(). */
     CRcGrp* GetGrp(const CString& grpName);
     /** The group of that name; null if there is none. */
     CRcGrp* FindGrp(const CString& grpName) const;
+    /** Deletes a group of this manager with its sets; the controls stay. */
     void DelGrp(CRcGrp* grp);
     /** In the order in which the controller steps through them. */
     const CLstMgd<CRcGrp>& Grps() const noexcept { return m_grps; }
@@ -91,23 +94,30 @@ public:
 
     /** @name Current
      *  Group and set are kept while nothing is current; null before there was one. @{ */
+    /** The group that steps go on from. */
     CRcGrp* CurGrp() const;
+    /** The set of it that steps go on from. */
     CRcSet* CurSet() const;
     /** The control that orders go to; null while nothing is current or it cannot be used. */
     CECtrl* CurCtrl() const;
     /** @} */
 
     /** @name The orders
-     *  @return 1 if they have changed something. What they call may destroy the manager, but not its current
-     * control. @{ */
+     *  They return 1 if they have changed something. What they call may destroy the manager, but not its
+     * current control. While nothing is current, a step only makes current again what was it last. @{ */
+    /** Goes to another group that can be used. @param by  how many on; negative: back */
     int StepGrp(int by);
+    /** Goes to another set of the current group, likewise. */
     int StepSet(int by);
+    /** Goes to another control of the current set, likewise. */
     int StepCtrl(int by);
-    /** More or less. @param isFine  non-zero: by fine steps */
+    /** Changes the value of the current control by notches. @param isFine  non-zero: by fine steps */
     int Adjust(int notches, int isFine);
+    /** Does with the current control what a click does. */
     int Press();
     /** Changes over between coarse and fine steps. */
     void ToggleFine();
+    /** Lets nothing be current until the next step. */
     void Release();
     /** Makes a control of any set current, of the current set if it is in several. Not one that cannot be
      * used. */

@@ -25,6 +25,7 @@ public:
     CRcSet(const CRcSet&) = delete;
     CRcSet& operator=(const CRcSet&) = delete;
 
+    /** The name that CRcGrp::GetSet() was asked for. */
     const CString& Name() const noexcept { return m_name; }
 
     /** Appends a control; one that is in the set already only gets other steps.
@@ -36,7 +37,9 @@ public:
     void AddCat(const CCtrlCat& cat);
     /** The same for those of a window: its own, then those of its categories. */
     void AddWnd(const CVantWnd& wnd);
+    /** Takes a control out; nothing for one that is not in the set. */
     void Remove(CECtrl* ctrl);
+    /** Takes all controls out. */
     void Clear();
 
     /** The number of controls that there are, usable or not. */

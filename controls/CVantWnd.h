@@ -60,7 +60,8 @@ public:
         216; ///< information message of a changed highlight; its data is the window
     static constexpr UINT layoutMsg = 5225; ///< private window message: a child's layout has changed
 
-    /** @name Lists, in order of registration. Not owned. @{ */
+    /** @name Lists, in order of registration. Not owned. */
+    ///@{
     static CLstPtr<CVantWnd*> s_wnds;    ///< every window; each adds and removes itself
     static CLstPtr<CVantWnd*> s_trigRx;  ///< receivers of Trigger()
     static CLstPtr<CVantWnd*> s_pollRx;  ///< receivers of Poll()
@@ -86,7 +87,8 @@ public:
     BOOL CreateWnd(const CString& title, DWORD style, const CRect& place, CWnd* parent = nullptr,
                    UINT id = 0);
 
-    /** @name Fields @{ */
+    /** @name Fields */
+    ///@{
     CString name;     ///< "Default"; the key of GetWnd() and of the settings
     CString topic;    ///< help topic
     int fixed = 300;  ///< size that the window's manager gives it, units
@@ -102,7 +104,8 @@ public:
     CMutex* pWndMutex = nullptr; ///< guards the values of the controls; null: no locking. Not owned.
     /** @} */
 
-    /** @name Operations that a derived window may replace, in this order @{ */
+    /** @name Operations that a derived window may replace, in this order */
+    ///@{
     /** Applies one option. Here: "Name", "Topic", "Level" and "Fixed" (integers); others are ignored, and so
      * is a number that does not scan. */
     virtual void SetOption(const CString& option, const CString& value);
@@ -110,13 +113,18 @@ public:
     virtual void SetDefaults();
     /** Called once after SetDefaults(): the place to insert controls. Empty here. */
     virtual void SetupCtrls();
+    /** A trigger of the application; what the numbers mean is its own matter. Nothing here. */
     virtual void OnTrigger(double a, double b);
-    /** @param t  time of the poll, seconds since 1980 where the platform's time base is used */
+    /** A poll: time to show what is new. @param t  time of the poll, seconds since 1980 where the platform's
+     * time base is used */
     virtual void OnPoll(double t);
-    /** @param data  belongs to the sender; valid during the call */
+    /** A message of information. @param data  belongs to the sender; valid during the call */
     virtual void OnInfoMsg(int msg, void* data);
+    /** A message of a sensor, likewise. */
     virtual void OnSnsrMsg(int msg, void* data);
+    /** A message about data, likewise. */
     virtual void OnDataMsg(int msg, void* data);
+    /** A message of a drawable, likewise. */
     virtual void OnMdlMsg(CMdl* mdl, int msg, void* data);
     /** A window that this one is attached to (AttachWnd) has something to say. */
     virtual void OnNfyWnd(CVantWnd* sender, int msg, void* data);
@@ -136,7 +144,8 @@ public:
     virtual CString GetTopic();
     /** @} */
 
-    /** @name The category's operations, for the window's own controls and then for every owned category @{ */
+    /** @name The category's operations, for the window's own controls and then for every owned category */
+    ///@{
     void Settings(CESetObj& obj) override;
     void UpdCtrls() override;
     void ClearCtrls() override;
@@ -146,15 +155,22 @@ public:
     void DestroyCtrls() override;
     /** @} */
 
-    /** @name Broadcasts @{ */
+    /** @name Broadcasts */
+    ///@{
+    /** Calls OnTrigger() of every window that receives triggers. */
     static void Trigger(double a, double b);
+    /** Calls OnPoll() of every window that receives polls. @param t  seconds since 1980, as a rule */
     static void Poll(double t);
+    /** Calls OnInfoMsg() of every window that receives messages of information. */
     static void InfoMsg(int msg, void* data);
+    /** Calls OnSnsrMsg() of every window that receives messages of sensors. */
     static void SnsrMsg(int msg, void* data);
+    /** Calls OnDataMsg() of every window that receives messages about data. */
     static void DataMsg(int msg, void* data);
     /** @} */
 
-    /** @name All windows @{ */
+    /** @name All windows */
+    ///@{
     /** Updates the controls of every window and redraws it. */
     static void UpdateAllWnds();
     /** The first window with exactly this name; null if there is none. */
@@ -173,20 +189,24 @@ public:
     static void LoadSet(CESet& set);
     /** @} */
 
-    /** @name Categories @{ */
+    /** @name Categories */
+    ///@{
     /** The category of that name, created if there is none; an existing one ignores the other arguments.
      *  Owned by the window. A stacked one has a header with its name and begins at GetMgrY(), indented.
      *  @param kindOf  CCtrlCat::Kind
      *  @param a  CCtrlCat::hasHdr: non-zero gives a category that is not stacked its name as header
      *  @param b  CCtrlCat::lvlMask; 0: the window's #level */
     CCtrlCat* GetCat(const CString& category, int kindOf, int a, int b);
+    /** The categories, in the order of their creation. */
     const CLstMgd<CCtrlCat>& Cats() const noexcept { return m_cats; }
     /** @} */
 
-    /** @name Listeners of this window @{ */
+    /** @name Listeners of this window */
+    ///@{
     /** Adds a listener; one that listens already stays as it is. A window that is destroyed stops listening.
      */
     void AttachWnd(CVantWnd* wnd);
+    /** Takes a listener off; nothing for one that does not listen. */
     void DetachWnd(CVantWnd* wnd);
     /** Calls OnNfyWnd(this, msg, data) of every attached window, in the order of attaching. */
     void NotifyWnd(int msg, void* data);
@@ -197,10 +217,15 @@ public:
      * @param direct  non-zero: a derived class's SetOption() is passed by */
     void ParseOptions(const CString& options, int direct);
 
-    /** @name Placement, units @{ */
+    /** @name Placement, units */
+    ///@{
+    /** Lays out and tells the parent, as LayoutWnd(0) does. */
     void LayoutWnd() { LayoutWnd(0); }
+    /** Moves the origin (SetWndOrg()) sideways. */
     void SetWndX(int toX);
+    /** Moves the origin up or down. */
     void SetWndY(int toY);
+    /** Moves the origin. */
     void SetWndXY(int toX, int toY);
     /** Where the next section would begin: below the window's own height and all sections so far, less the
      * scroll offset. */
@@ -212,6 +237,7 @@ public:
      * drawn in the library's colours and narrows the client area like the system's own. Anchored categories
      * stay where they are. WM_VSCROLL scrolls like the bar, within the 16 bits that it has for a position.
      * @{ */
+    /** How far the content is scrolled down. */
     int ScrollPos() const noexcept { return m_scrollY; }
     /** Scrolls as far as the content allows. */
     void ScrollTo(int toY);
@@ -221,7 +247,8 @@ public:
     static void ScrollAllIntoView(CWnd* child);
     /** @} */
 
-    /** @name Keyboard @{ */
+    /** @name Keyboard */
+    ///@{
     /** The control that Tab (with `back` Shift+Tab) goes to from `from`, a control or one of its children:
      * the next visible and enabled one with WS_TABSTOP in this window and the platform windows inside it,
      * going around. With `from` null or elsewhere the first (last) one; null if there is none. */
@@ -229,7 +256,8 @@ public:
     BOOL PreTranslateMessage(MSG* pMsg) override;
     /** @} */
 
-    /** @name Flexible children @{ */
+    /** @name Flexible children */
+    ///@{
     /** One child that follows the window's size. */
     struct FlexRec {
         CWnd* child; ///< not owned
@@ -262,6 +290,7 @@ public:
     /** Guards the values of the controls, those that exist and those to come. Null ends that. Not owned. */
     void SetMutex(CMutex* mutex);
 
+    /** The scale of the window. */
     CDpi Dpi() const { return CDpi::Of(m_hWnd); }
     /** The client rectangle in units. */
     CRect ClientRc() const;

@@ -46,7 +46,9 @@ public:
     void SetCentre(double x, double y);
     void SetCentre(const CV3& pt) { SetCentre(pt.x, pt.y); }
 
-    /** @name Setting one corner; the opposite bounds stay, derived values are refreshed @{ */
+    /** @name Setting one corner
+     *  Each leaves the opposite bounds alone and refreshes the derived values. T is the top (more y), L the
+     * left. @{ */
     void SetTL(double x, double y) { SetCorner(left, x, top, y); }
     void SetTL(const CV3& pt) { SetTL(pt.x, pt.y); }
     void SetTR(double x, double y) { SetCorner(right, x, top, y); }
@@ -57,7 +59,8 @@ public:
     void SetBR(const CV3& pt) { SetBR(pt.x, pt.y); }
     /** @} */
 
-    /** @name Points of the area, z = 0 @{ */
+    /** @name Points of the area
+     *  Each has z = 0: the centre, and the corners at the top (more y) and bottom, left and right. @{ */
     CV3 Centre() const { return {cx, cy, 0.0}; }
     CV3 TL() const { return {left, top, 0.0}; }
     CV3 TR() const { return {right, top, 0.0}; }
@@ -70,7 +73,8 @@ public:
     /** Shifts bounds and centre. */
     void Offset(double dx, double dy);
 
-    /** @name Growing the sides outwards (shrinking, when negative); derived values are refreshed @{ */
+    /** @name Growing
+     *  Each moves the sides outwards (inwards, when negative) and refreshes the derived values. @{ */
     void Brdr(double d) { Brdr(d, d, d, d); }
     void Brdr(double dx, double dy) { Brdr(dx, dy, dx, dy); }
     void Brdr(double l, double t, double r, double b);

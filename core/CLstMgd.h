@@ -44,9 +44,9 @@ public:
         return *this;
     }
 
-    /** Link a new node at the head or the tail; the list owns the element from then on. @return its position
-     */
+    /** Links a new node at the head; the list owns the element from then on. @return its position */
     CVantPtr* AddHead(const T* elem) { return m_chain.AddHead(Untyped(elem)); }
+    /** The same at the tail. */
     CVantPtr* AddTail(const T* elem) { return m_chain.AddTail(Untyped(elem)); }
     /** Links a new node before the position; at the head when that is null. The list owns the element from
      * then on. @return the new position */
@@ -64,15 +64,18 @@ public:
     }
     /** The element at the position, still owned by the list; null for a null position. */
     T* GetAt(const CVantPtr* pos) const noexcept { return pos ? static_cast<T*>(pos->elem) : nullptr; }
-    /** The first or last element; null for an empty list. */
+    /** The first element; null for an empty list. */
     T* GetHead() const noexcept { return GetAt(m_chain.Head()); }
+    /** The last element; null for an empty list. */
     T* GetTail() const noexcept { return GetAt(m_chain.Tail()); }
-    /** The first or last position; null for an empty list. */
+    /** The first position; null for an empty list. */
     CVantPtr* GetHeadPos() const noexcept { return m_chain.Head(); }
+    /** The last position; null for an empty list. */
     CVantPtr* GetTailPos() const noexcept { return m_chain.Tail(); }
     /** The element at the position, which then moves one node on; a null position gives null and stays null.
      */
     T* GetNext(CVantPtr*& pos) const noexcept { return GetAt(pos ? std::exchange(pos, pos->next) : nullptr); }
+    /** The element at the position, which then moves one node back, likewise. */
     T* GetPrev(CVantPtr*& pos) const noexcept { return GetAt(pos ? std::exchange(pos, pos->prev) : nullptr); }
 
     /** The number of nodes, counted by walking. */
@@ -91,8 +94,9 @@ public:
     int GetIndex(CVantPtr* pos) const noexcept { return m_chain.IndexOf(pos); }
     int GetIndex(const T* elem) const noexcept { return m_chain.IndexOfElem(elem); }
 
-    /** Destroy the first or last element and free its node; nothing for an empty list. */
+    /** Destroys the first element and frees its node; nothing for an empty list. */
     void RemoveHead() { RemoveAt(m_chain.Head()); }
+    /** Destroys the last element and frees its node; nothing for an empty list. */
     void RemoveTail() { RemoveAt(m_chain.Tail()); }
     /** Unlinks the node, destroys its element and frees it. */
     void RemoveAt(CVantPtr* pos);

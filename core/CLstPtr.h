@@ -18,16 +18,18 @@ class CLstPtr
 public:
     using T = std::remove_pointer_t<P>; /**< what the pointers point to */
 
-    /** An empty list, or one with the other's pointers in order. */
+    /** An empty list. */
     CLstPtr() = default;
+    /** A list with the other's pointers in order. */
     CLstPtr(const CLstPtr& other) { *this = other; }
     /** Same as RemoveAll(). */
     ~CLstPtr() { RemoveAll(); }
     /** Empties the list, then appends the other's pointers in order. */
     CLstPtr& operator=(const CLstPtr& other);
 
-    /** Link a new node with the pointer at the head or the tail. @return its position */
+    /** Links a new node with the pointer at the head. @return its position */
     CVantPtr* AddHead(const T* elem) { return m_chain.AddHead(Untyped(elem)); }
+    /** The same at the tail. */
     CVantPtr* AddTail(const T* elem) { return m_chain.AddTail(Untyped(elem)); }
     /** Links a new node before the position; at the head when that is null. @return the new position */
     CVantPtr* InsertBefore(CVantPtr* pos, const T* elem) { return m_chain.InsertBefore(pos, Untyped(elem)); }
@@ -42,15 +44,18 @@ public:
         if (pos)
             pos->elem = Untyped(elem);
     }
-    /** The first or last pointer; null for an empty list. */
+    /** The first pointer; null for an empty list. */
     P GetHead() const noexcept { return GetAt(m_chain.Head()); }
+    /** The last pointer; null for an empty list. */
     P GetTail() const noexcept { return GetAt(m_chain.Tail()); }
-    /** The first or last position; null for an empty list. */
+    /** The first position; null for an empty list. */
     CVantPtr* GetHeadPos() const noexcept { return m_chain.Head(); }
+    /** The last position; null for an empty list. */
     CVantPtr* GetTailPos() const noexcept { return m_chain.Tail(); }
     /** The pointer at the position, which then moves one node on; a null position gives null and stays null.
      */
     P GetNext(CVantPtr*& pos) const noexcept { return GetAt(pos ? std::exchange(pos, pos->next) : nullptr); }
+    /** The pointer at the position, which then moves one node back, likewise. */
     P GetPrev(CVantPtr*& pos) const noexcept { return GetAt(pos ? std::exchange(pos, pos->prev) : nullptr); }
 
     /** The number of nodes, counted by walking. */
@@ -69,8 +74,9 @@ public:
     int GetIndex(CVantPtr* pos) const noexcept { return m_chain.IndexOf(pos); }
     int GetIndex(const T* elem) const noexcept { return m_chain.IndexOfElem(elem); }
 
-    /** Free the first or last node. @return the pointer that it held; null for an empty list */
+    /** Frees the first node. @return the pointer that it held; null for an empty list */
     P RemoveHead() noexcept { return Take(m_chain.Head()); }
+    /** Frees the last node, likewise. */
     P RemoveTail() noexcept { return Take(m_chain.Tail()); }
     /** Unlinks and frees the node. */
     void RemoveAt(CVantPtr* pos) noexcept { Take(pos); }

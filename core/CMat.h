@@ -19,12 +19,13 @@ public:
      * saved transforms and may restore each of them, in their own time. */
     CMat(const CMat& other);
     ~CMat();
-    /** Copy the transform only; what is saved here stays saved. */
+    /** Copies the transform only; what is saved here stays saved. */
     CMat& operator=(const CMat& other) noexcept
     {
         SetMat(other);
         return *this;
     }
+    /** The same as assignment. */
     void SetMat(const CMat& other) noexcept;
 
     /** All 12 values 0. */
@@ -33,9 +34,11 @@ public:
     void Ident() noexcept;
     /** Scales the local axes; the origin stays. */
     void Scale(double sx, double sy, double sz) noexcept;
-    /** Rotate about a local axis, right-handed; the origin stays. */
+    /** Rotates about the local X axis, right-handed; the origin stays. */
     void RotateX(double a) noexcept { Rotate(1, 2, a); }
+    /** Rotates about the local Y axis, likewise. */
     void RotateY(double a) noexcept { Rotate(2, 0, a); }
+    /** Rotates about the local Z axis, likewise. */
     void RotateZ(double a) noexcept { Rotate(0, 1, a); }
     /** Moves the origin by local coordinates. */
     void Translate(double x, double y, double z) noexcept;
@@ -59,13 +62,14 @@ public:
     /** Restores and forgets what was saved last; nothing when nothing is saved. */
     void Pop();
 
-    /** One global coordinate of a local point. */
+    /** One global coordinate of a local point. @{ */
     double XC(double x, double y, double z) const noexcept { return ToGlobal(0, x, y, z); }
     double YC(double x, double y, double z) const noexcept { return ToGlobal(1, x, y, z); }
     double ZC(double x, double y, double z) const noexcept { return ToGlobal(2, x, y, z); }
     double GlobalX(const CV3& local) const noexcept { return XC(local.x, local.y, local.z); }
     double GlobalY(const CV3& local) const noexcept { return YC(local.x, local.y, local.z); }
     double GlobalZ(const CV3& local) const noexcept { return ZC(local.x, local.y, local.z); }
+    /** @} */
     /** The global coordinates of a local point. */
     CV3 LocalToGlobal(const CV3& local) const noexcept
     {
@@ -73,13 +77,14 @@ public:
     }
 
     /** One local coordinate of a global point. Takes the transpose for the inverse: for transforms without
-     * scale or shear only. */
+     * scale or shear only. @{ */
     double XI(double x, double y, double z) const noexcept { return ToLocal(0, x, y, z); }
     double YI(double x, double y, double z) const noexcept { return ToLocal(1, x, y, z); }
     double ZI(double x, double y, double z) const noexcept { return ToLocal(2, x, y, z); }
     double LocalX(const CV3& global) const noexcept { return XI(global.x, global.y, global.z); }
     double LocalY(const CV3& global) const noexcept { return YI(global.x, global.y, global.z); }
     double LocalZ(const CV3& global) const noexcept { return ZI(global.x, global.y, global.z); }
+    /** @} */
     /** The local coordinates of a global point, with the restriction of XI(). */
     CV3 GlobalToLocal(const CV3& global) const noexcept
     {
@@ -88,30 +93,37 @@ public:
 
     /** The origin of the local frame in global coordinates. */
     void Origin(double* x, double* y, double* z) const noexcept;
+    /** The same as a vector. */
     CV3 Org() const noexcept { return {X(), Y(), Z()}; }
+    /** Puts the origin to a place in global coordinates. */
     void SetOrg(const CV3& org) noexcept;
+    /** One global coordinate of the origin. @{ */
     double X() const noexcept { return m[0][3]; }
     double Y() const noexcept { return m[1][3]; }
     double Z() const noexcept { return m[2][3]; }
-    /** The local axes in global components. */
+    /** @} */
+    /** A local axis in global components. @{ */
     CV3 XAxis() const noexcept { return {m[0][0], m[1][0], m[2][0]}; }
     CV3 YAxis() const noexcept { return {m[0][1], m[1][1], m[2][1]}; }
     CV3 ZAxis() const noexcept { return {m[0][2], m[1][2], m[2][2]}; }
+    /** @} */
 
     /** The angles h, p, r of a transform made by RotateZ(-h), RotateX(-p), RotateY(-r). At a pitch of exactly
      *  +-pi/2 the heading takes up the whole turn.
      *
-     *  Roll() is 0 for m[2][1] of 1 or, deliberately, 11 (not -1): at -1 the general formula holds. */
+     *  Roll() is 0 for m[2][1] of 1 or, deliberately, 11 (not -1): at -1 the general formula holds. @{ */
     double Heading() const noexcept;
     double Pitch() const noexcept;
     double Roll() const noexcept;
+    /** @} */
     /** The mathematical angle of the local Y axis; at a pitch of exactly +-pi/2 the same as Heading(). */
     double Angle() const noexcept;
     /** The angles of the transposed rotation, by m[1][2]; InvHeading() and InvRoll() test for 1 and,
-     * deliberately, 11. */
+     * deliberately, 11. @{ */
     double InvHeading() const noexcept;
     double InvPitch() const noexcept;
     double InvRoll() const noexcept;
+    /** @} */
     /** Heading, pitch and roll at once. Here the roll is 0 at m[2][1] of -1 too. */
     void Orientation(double* h, double* p, double* r) const noexcept;
 
@@ -120,7 +132,7 @@ public:
     /** Stores or loads the 12 values row by row, 96 bytes. */
     void Serialize(CArchive& ar);
 
-    double m[3][4];
+    double m[3][4]; ///< the transform, row by row; see above
 
 private:
     struct Saved;

@@ -34,9 +34,11 @@ public:
     bool ValidIndex(int index) const noexcept { return index >= 0 && static_cast<unsigned>(index) < m_count; }
     /** The element in a slot. The index is deliberately not checked. */
     T* GetAt(unsigned index) const noexcept { return m_slots[index]; }
+    /** The same as GetAt(). */
     T* operator[](unsigned index) const noexcept { return m_slots[index]; }
-    /** The first or last element; null for an empty array. */
+    /** The first element; null for an empty array. */
     T* GetHead() const noexcept { return m_count ? m_slots[0] : nullptr; }
+    /** The last element; null for an empty array. */
     T* GetTail() const noexcept { return m_count ? m_slots[m_count - 1] : nullptr; }
     /** The index of the first slot that holds this very object, or -1. */
     int GetIndex(const T* elem) const noexcept;

@@ -45,6 +45,7 @@ public:
         const auto f = static_cast<double>(s);
         return {x * f, y * f, z * f};
     }
+    /** Divided by a number of any type. */
     template <class S>
     requires std::is_arithmetic_v<S>
     constexpr CV3 operator/(S s) const noexcept
@@ -92,6 +93,7 @@ public:
     /** The components as an array of three. */
     double* V() noexcept { return &x; }
     const double* V() const noexcept { return &x; }
+    /** The same as V(). */
     operator double*() noexcept { return &x; }
     operator const double*() const noexcept { return &x; }
 
@@ -124,9 +126,9 @@ public:
     /** Stores or loads x, y and z, 24 bytes. */
     void Serialize(CArchive& ar);
 
-    double x = 0;
-    double y = 0;
-    double z = 0;
+    double x = 0; ///< east, or to the right
+    double y = 0; ///< north, or up the screen
+    double z = 0; ///< up
 };
 
 static_assert(sizeof(CV3) == 3 * sizeof(double));

@@ -19,42 +19,48 @@ class ML
 public:
     ML() = delete;
 
-    static constexpr double threshold = 1e-6; /**< tolerance of all tolerant comparisons, absolute */
-    /** Degrees in a radian and radians in a degree; angles in radians; numbers. */
-    static constexpr double r2d = 57.29577951308232;
-    static constexpr double d2r = 0.017453292519943295;
-    static constexpr double pi = std::numbers::pi;
-    static constexpr double pi_2 = pi / 2;
-    static constexpr double pi3_2 = 3 * pi / 2;
-    static constexpr double pi_4 = pi / 4;
-    static constexpr double pi2 = 2 * pi;
-    static constexpr double root2 = std::numbers::sqrt2;
-    static constexpr double root2_2 = root2 / 2;
-    static constexpr double e = std::numbers::e;
+    static constexpr double threshold = 1e-6;        /**< tolerance of all tolerant comparisons, absolute */
+    static constexpr double r2d = 57.29577951308232; ///< degrees in a radian
+    static constexpr double d2r = 0.017453292519943295;  ///< radians in a degree
+    static constexpr double pi = std::numbers::pi;       ///< half a turn
+    static constexpr double pi_2 = pi / 2;               ///< a quarter of a turn
+    static constexpr double pi3_2 = 3 * pi / 2;          ///< three quarters of a turn
+    static constexpr double pi_4 = pi / 4;               ///< an eighth of a turn
+    static constexpr double pi2 = 2 * pi;                ///< a whole turn
+    static constexpr double root2 = std::numbers::sqrt2; ///< the square root of 2
+    static constexpr double root2_2 = root2 / 2; ///< half of it: sine and cosine of an eighth of a turn
+    static constexpr double e = std::numbers::e; ///< Euler's number
 
     /** The nearest integer; halves go up, also below zero: Rnd(-2.5) is -2. */
     static double Rnd(double v) noexcept { return std::floor(v + 0.5); }
-    /** Degrees to radians and back. */
+    /** Degrees to radians. */
     static constexpr double D2R(double v) noexcept { return v * d2r; }
+    /** Radians to degrees. */
     static constexpr double R2D(double v) noexcept { return v * r2d; }
-    /** The second and third power. */
+    /** The second power. */
     static constexpr double Sqr(double v) noexcept { return v * v; }
+    /** The third power. */
     static constexpr double Cube(double v) noexcept { return v * (v * v); }
-    /** The length of a vector of two or three components. */
+    /** The length of a vector of two components. */
     static double Hypot(double a, double b) noexcept { return std::sqrt(a * a + b * b); }
+    /** The length of a vector of three components. */
     static double Hypot3(double a, double b, double c) noexcept { return std::sqrt(a * a + b * b + c * c); }
     /** Hypot(), but exactly 0 when both components are below the threshold. */
     static double HypotT(double a, double b) noexcept
     {
         return std::abs(a) < threshold && std::abs(b) < threshold ? 0.0 : Hypot(a, b);
     }
-    /** Half-way between a and b; the larger; the smaller. */
+    /** Half-way between a and b. */
     static constexpr double Mid(double a, double b) noexcept { return (a + b) * 0.5; }
+    /** The larger one; b where they cannot be compared. */
     static constexpr double Max(double a, double b) noexcept { return a > b ? a : b; }
+    /** The smaller one; b where they cannot be compared. */
     static constexpr double Min(double a, double b) noexcept { return a <= b ? a : b; }
-    /** The nearest, the next lower and the next higher multiple of step. */
+    /** The nearest multiple of step; half-way the higher one. */
     static double ClipRnd(double v, double step) noexcept { return std::floor(v / step + 0.5) * step; }
+    /** The next lower multiple of step, or v if it is one. */
     static double ClipDn(double v, double step) noexcept { return std::floor(v / step) * step; }
+    /** The next higher multiple of step, or v if it is one. */
     static double ClipUp(double v, double step) noexcept { return std::ceil(v / step) * step; }
     /** v, but no less than the smaller of a and b. Deliberately one-sided: there is no upper bound, and
      *  ClipRng(0, 7, 5) is 7. */
@@ -90,8 +96,9 @@ public:
      * 0 */
     VANT_API static double ModInterpolate(double x0, double x1, double x, double y0, double y1,
                                           double mod) noexcept;
-    /** Comparisons in which values within the threshold of one another are equal. */
+    /** Whether a is less than b by more than the threshold. */
     static constexpr bool LessThanT(double a, double b) noexcept { return b - a > threshold; }
+    /** Whether a is more than b by more than the threshold. */
     static constexpr bool MoreThanT(double a, double b) noexcept { return a - b > threshold; }
     /** True when a and b differ by strictly less than the threshold. Compared as a sum too, so that 1 and 1 +
      * 1e-6 are not equal although their difference, as doubles go, comes out a shade below the threshold. */
@@ -135,9 +142,10 @@ public:
      *  @param[out] a,b the crossings, the one with the smaller coordinate first, at z = 0
      *  @param[out] i1,i2 their edges, or -1. Edges along the line are passed over; at most two are recorded,
      * and a line through a corner counts once for each of its two edges
-     *  @return 1; 0 when fewer than two edges are crossed, and then a and b are left alone */
+     *  @return 1; 0 when fewer than two edges are crossed, and then a and b are left alone @{ */
     VANT_API static int IntersectRectX(const CV3& p, const CV3& q, const CV3* corners, CV3& a, CV3& b,
                                        int& i1, int& i2) noexcept;
     VANT_API static int IntersectRectY(const CV3& p, const CV3& q, const CV3* corners, CV3& a, CV3& b,
                                        int& i1, int& i2) noexcept;
+    /** @} */
 };

@@ -7,5 +7,6 @@
 #ifdef VANT_BUILDING_DLL
 #define VANT_API __declspec(dllexport)
 #else
+/** Stands before what leaves the library: exported from it, imported by applications. */
 #define VANT_API __declspec(dllimport)
 #endif

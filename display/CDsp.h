@@ -56,7 +56,7 @@ class VANT_API CDsp : public CGLWnd
 public:
     /** What the left button does. */
     enum MouseMode {
-        mousePan,
+        mousePan,    ///< drag moves what is seen
         mouseZoom,   ///< drag up to see more detail, down for less, about where the drag began
         mouseRotate, ///< the chart turns around its middle; the orbit camera turns and tilts
         mousePick    ///< a click picks; dragging pans
@@ -98,7 +98,8 @@ public:
     /** Leaves the group, and every CMdlPos that it follows. */
     ~CDsp() override;
 
-    /** @name Operations that a derived view may replace, in this order @{ */
+    /** @name Operations that a derived view may replace, in this order */
+    ///@{
     /** Draws the view now; what was asked for with NeedDraw() is done then. */
     void Draw(CDC* dc) override;
     /** Draws background, lights, DrawScene(), graticule and DrawOverlay(). A view of nothing (0 pixels) is
@@ -135,18 +136,22 @@ public:
     void Settings(CESetObj& obj) override;
     /** @} */
 
-    /** @name Camera @{ */
+    /** @name Camera */
+    ///@{
+    /** The camera as it is now. */
     const CDspCam& Cam() const noexcept { return m_cam; }
     /** Sets what is valid in it (CDspCam::Take). For the application: a followed position is not told.
      * Another alignment makes it up free. */
     void SetCam(const CDspCam& cam);
+    /** Moves the camera to a place: CDspCam::org. */
     void SetViewOrg(const CV3& at);
-    void SetZoom(double metres); ///< CDspCam::zoom
+    void SetZoom(double metres); ///< sets CDspCam::zoom
     /** Shows a place and its surroundings: the origin of one drawable, where it has one (CMdl::GetMdlOrg), or
      * its extents; with null everything that the view shows.
      *  @return 0, and the camera stays, if nothing is known of it */
     int ShowMdl(CMdl* mdl);
 
+    /** What is up, Up. */
     int GetUp() const noexcept { return m_up; }
     /** North up turns to north, course up to the course. @param up  Up */
     void SetUp(int up);
@@ -176,7 +181,8 @@ public:
     CMdlPos* Followed() const noexcept { return m_pos; }
     /** @} */
 
-    /** @name Picking @{ */
+    /** @name Picking */
+    ///@{
     /** Finds everything that is drawn within a few pixels of a position, also what is hidden behind something
      * else: one hit for each part of a selectable drawable, the nearest first. The part is the number that
      * the drawable gave to glLoadName() before it drew it, 0 at first. The hit's text is the drawable's name,
@@ -188,10 +194,12 @@ public:
     int IsPicking() const noexcept;
     /** @} */
 
-    /** @name Drawing aids, while the scene is drawn @{ */
+    /** @name Drawing aids, while the scene is drawn */
+    ///@{
     /** Lets the coordinates of what is drawn count from a point, exactly however far away that is. Calls may
      * be nested; each counts from zero of the display. In place of the current matrix until PopOrg(). */
     void PushOrg(const CV3& at);
+    /** Ends the last PushOrg(), and restores the matrix. */
     void PopOrg();
     /** Writes a text at a point when the scene is complete, so that nothing covers it. Not while picking.
      *  @param dx,dy  from the point, units of 1/96 inch, right and up  @param align  sum of TextAlign */
@@ -199,7 +207,8 @@ public:
                int align = alignLeft | alignMiddle);
     /** @} */
 
-    /** @name Drawing aids, in DrawOverlay() @{ */
+    /** @name Drawing aids, in DrawOverlay() */
+    ///@{
     /** Width and height of the view, units of 1/96 inch. */
     CV3 OverlaySize() const;
     /** Writes a text, sharp at every scale, with the characters up to U+00FF; others are question marks.
@@ -210,12 +219,13 @@ public:
     double OverlayTxtWidth(const CString& text, double size = 14) const;
     /** @} */
 
-    /** @name Fields; after a change call NeedDraw() @{ */
+    /** @name Fields; after a change call NeedDraw() */
+    ///@{
     CDspLight lights[lightCount]; ///< GL_LIGHT0 to 7; the first one is on
-    int lightsInScene = 0; ///< non-zero: lights stand still in the display; else they move with the eye
-    int graticule = 1;     ///< lines at round coordinates, Vant::NextMkr() apart
-    int northArrow = 1;
-    int scaleBar = 1;
+    int lightsInScene = 0;    ///< non-zero: lights stand still in the display; else they move with the eye
+    int graticule = 1;        ///< lines at round coordinates, Vant::NextMkr() apart
+    int northArrow = 1;       ///< non-zero: an arrow to the north
+    int scaleBar = 1;         ///< non-zero: a bar of a round length
     int mouseMode = mousePan; ///< MouseMode
     COLORREF backCol;         ///< of the background; black with a trace of Vant::back
     /** @} */

@@ -17,17 +17,18 @@ class CESetObj;
 class CDspCam
 {
 public:
+    /** How a camera sees. */
     enum Kind {
         plan, ///< orthographic, from above
         orbit ///< perspective, around the origin
     };
 
-    static constexpr double minZoom = 0.05; ///< limits of #zoom, metres
-    static constexpr double maxZoom = 1e8;
-    static constexpr double maxOrg = 1e12; ///< limit of each coordinate of #org, either way
+    static constexpr double minZoom = 0.05; ///< lower limit of #zoom, metres
+    static constexpr double maxZoom = 1e8;  ///< upper limit of #zoom, metres
+    static constexpr double maxOrg = 1e12;  ///< limit of each coordinate of #org, either way
 
-    int kind = plan;
-    CV3 org; ///< what the middle of the view shows
+    int kind = plan; ///< Kind
+    CV3 org;         ///< what the middle of the view shows
     /** Metres of the display from the lower to the upper edge of the view, at the origin: smaller numbers
      * show more detail. The same whatever size, resolution or DPI the view has; CDsp::PxSize() tells how much
      * of it a pixel is. */
@@ -38,6 +39,7 @@ public:
     double elev = ML::D2R(35); ///< of the orbit camera above the horizon, -pi/2 .. pi/2
     double fov = ML::D2R(40);  ///< angle of the orbit camera from the lower to the upper edge, 1 .. 120 deg
 
+    /** Exact equality of all values. */
     VANT_API int operator==(const CDspCam& other) const noexcept;
 
     /** Takes what is valid in another camera: numbers that are not finite leave the own ones, numbers beyond
@@ -45,16 +47,23 @@ public:
      */
     VANT_API int Take(const CDspCam& wanted) noexcept;
 
-    /** @name Directions, of length 1: to the right edge, to the upper edge, and towards the eye @{ */
+    /** @name Directions, of length 1 */
+    ///@{
+    /** To the right edge of the view. */
     VANT_API CV3 Right() const noexcept;
+    /** To its upper edge. */
     VANT_API CV3 Up() const noexcept;
+    /** Towards the eye. */
     VANT_API CV3 Front() const noexcept;
     /** @} */
 
-    /** @name The orbit camera's eye: its distance from the origin, which follows from zoom and angle, and its
-     * place @{ */
+    /** @name The orbit camera's eye */
+    ///@{
+    /** Its distance from the origin, metres, which follows from #zoom and #fov. */
     VANT_API double Dist() const noexcept;
+    /** Brings the eye to a distance by setting #zoom. */
     VANT_API void SetDist(double dist) noexcept;
+    /** Its place. */
     VANT_API CV3 Eye() const noexcept;
     /** @} */
 

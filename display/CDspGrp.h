@@ -28,12 +28,15 @@ public:
     CDspGrp();
     ~CDspGrp() override;
 
-    /** @name Registration; drawables and views do this themselves @{ */
+    /** @name Registration; drawables and views do this themselves */
+    ///@{
     /** Nothing for one that is registered already. */
     void RegMdl(CMdl* mdl);
+    /** Takes a drawable off; the views are told (#mdlRemoved). */
     void DeRegMdl(CMdl* mdl);
     /** Takes the view over from the group where it was, if it was in one. */
     void RegDsp(CDsp* dsp);
+    /** Takes a view off; nothing for one that is not registered. */
     void DeRegDsp(CDsp* dsp);
     /** @} */
 

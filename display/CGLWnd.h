@@ -42,16 +42,18 @@ public:
     CGLWnd();
     ~CGLWnd() override;
 
-    /** @name Insets: margins of the client area that the viewport leaves free, pixels @{ */
-    int insetLeft = 0;
-    int insetTop = 0;
-    int insetRight = 0;
-    int insetBottom = 0;
+    /** @name Insets: margins of the client area that the viewport leaves free, pixels */
+    ///@{
+    int insetLeft = 0;   ///< at the left edge
+    int insetTop = 0;    ///< at the upper edge
+    int insetRight = 0;  ///< at the right edge
+    int insetBottom = 0; ///< at the lower edge
     /** @} */
 
     double txtScale = 1; ///< multiplies the sizes of XyText()
 
-    /** @name Operations that a derived window may replace @{ */
+    /** @name Operations that a derived window may replace */
+    ///@{
     /** Shows the scene: makes the context current on `dc`, sets the viewport, calls Render() and swaps the
      * buffers. Nothing happens while the window is hidden; a window without a context shows its background.
      * @param dc  of this window, without a mapping */
@@ -85,8 +87,9 @@ public:
      *  @return 1; 0 without a pixel buffer or for another kind of image, which is left as it is */
     int CapPB(CImage& image);
 
-    /** Pixels; 0 without a pixel buffer. */
+    /** Width of the pixel buffer, pixels; 0 without one. */
     int PbWidth() const noexcept { return m_pbWidth; }
+    /** Height of the pixel buffer, pixels; 0 without one. */
     int PbHeight() const noexcept { return m_pbHeight; }
 
     /** The viewport while Render() runs, pixels from the lower left corner: deliberately its `top` is the

@@ -36,7 +36,8 @@ public:
     CMdl(const CMdl& other);
     CMdl& operator=(const CMdl& other);
 
-    /** @name Operations of a drawable, in this order @{ */
+    /** @name Operations of a drawable, in this order */
+    ///@{
     /** Leaves the group, and every CMdlPos that it follows. */
     virtual ~CMdl();
     /** Exchanges the material's items and "Visible", "Selectable" and "Lit". */
@@ -86,7 +87,8 @@ private:
     CLstPtr<CVantWnd*> m_wnds; // not owned
 
 public:
-    /** @name Persistent flags, for whoever draws and picks; after a change call ModelChanged() @{ */
+    /** @name Persistent flags, for whoever draws and picks; after a change call ModelChanged() */
+    ///@{
     int visible = 1;    ///< non-zero: to be drawn
     int selectable = 1; ///< non-zero: a pick may hit it
     int lit = 1;        ///< non-zero: to be drawn with lighting

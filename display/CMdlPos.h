@@ -11,11 +11,13 @@ class CDsp;
 class CMdl;
 class CMdlPos;
 
+/// @cond
 /** A list of positions only links them: each is a field or a local object of its owner, who destroys it. */
 template <>
 inline void CLstMgd<CMdlPos>::DestroyElem(void*)
 {
 }
+/// @endcond
 
 /** A position, alignment and zoom that displays and drawables follow together: the translation column of the
  *  transform is the position. They find it by its name.
@@ -64,24 +66,33 @@ public:
     /** The first position with exactly this name, or null. */
     static CMdlPos* GetMdlPos(const CString& key);
 
+    /** Sets bits of #flags. */
     void SetFlag(unsigned long bits) noexcept { flags |= bits; }
+    /** Clears bits of #flags. */
     void UnsetFlag(unsigned long bits) noexcept { flags &= ~bits; }
 
+    /** Whether the position moves its followers. */
     int CtrlPan() const noexcept { return Has(ctrlPan); }
+    /** Whether the alignment turns its followers. */
     int CtrlAlign() const noexcept { return Has(ctrlAlign); }
+    /** Whether the zoom is that of its followers. */
     int CtrlZoom() const noexcept { return Has(ctrlZoom); }
     /** Whether the user may change anything that is controlled. */
     int AllowUser() const noexcept { return Has(userPan | userAlign | userZoom); }
-    /** Whether the user may pan, turn or zoom in a follower: always where it is not controlled. */
+    /** Whether the user may pan in a follower: always where that is not controlled. */
     int AllowUserPan() const noexcept { return !CtrlPan() || Has(userPan); }
+    /** Whether the user may turn a follower, likewise. */
     int AllowUserAlign() const noexcept { return !CtrlAlign() || Has(userAlign); }
+    /** Whether the user may zoom in a follower, likewise. */
     int AllowUserZoom() const noexcept { return !CtrlZoom() || Has(userZoom); }
 
     /** Registers a follower. One that registers twice is told everything twice, deliberately. */
     void RegDsp(CDsp* dsp);
+    /** The same for a drawable. */
     void RegMdl(CMdl* mdl);
     /** Ends that, however often it was registered. */
     void DeRegDsp(CDsp* dsp);
+    /** The same for a drawable. */
     void DeRegMdl(CMdl* mdl);
     /** Take a follower off every position there is. Destructors of followers do. */
     static void Forget(CDsp* dsp);

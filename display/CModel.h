@@ -75,6 +75,7 @@ public:
     /** Lets the list be compiled anew at the next drawing. */
     void MtrlsChanged() noexcept;
 
+    /** How many meshes the model has. */
     int GetMeshCount() const noexcept;
     /** The name of a mesh, 0 .. GetMeshCount() - 1; empty for another number. */
     CString GetMeshName(int mesh) const;

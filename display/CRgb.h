@@ -12,10 +12,10 @@ class CESetObj;
 class VANT_API CRgb
 {
 public:
-    unsigned char red = 255;
-    unsigned char green = 255;
-    unsigned char blue = 255;
-    unsigned char alpha = 255;
+    unsigned char red = 255;   ///< share of red
+    unsigned char green = 255; ///< share of green
+    unsigned char blue = 255;  ///< share of blue
+    unsigned char alpha = 255; ///< opacity
 
     /** White. */
     constexpr CRgb() noexcept = default;

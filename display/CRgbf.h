@@ -8,10 +8,10 @@ class CArchive;
 class VANT_API CRgbf
 {
 public:
-    float red = 1;
-    float green = 1;
-    float blue = 1;
-    float alpha = 1;
+    float red = 1;   ///< share of red
+    float green = 1; ///< share of green
+    float blue = 1;  ///< share of blue
+    float alpha = 1; ///< opacity
 
     /** White. */
     constexpr CRgbf() noexcept = default;

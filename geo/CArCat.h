@@ -19,5 +19,5 @@ public:
     CArCat& operator=(const CArCat& other);
     ~CArCat() override;
 
-    CString name;
+    CString name; ///< key of the category in its database
 };

@@ -29,17 +29,19 @@ public:
     CArea(const CArea& other);
     CArea& operator=(const CArea& other);
 
-    CString name;
+    CString name; ///< for the application
 
-    /** @name Numbers of the shape. No operation of the library reads them @{ */
-    /** The heights between which the area applies; the same number twice: at every height. */
-    double lower = 0;
-    double upper = 0;
+    /** @name Numbers of the shape. No operation of the library reads them */
+    ///@{
+    double lower = 0; ///< the height from which the area applies, metres; the same as #upper: at every height
+    double upper = 0; ///< the height up to which it applies, metres
     /** What they mean for each kind is a convention that stands with the kind. */
     double par[8] = {};
     /** @} */
 
-    /** @name What an application fills in, in this order @{ */
+    /** @name What an application fills in, in this order */
+    ///@{
+    /** Nothing to clean up here. */
     ~CArea() override;
     /** Works a target off against the area. Nothing here.
      *  @param tgt  who asks  @param x,y  the target's place
@@ -52,8 +54,9 @@ public:
     /** The same for a vector, as seen from above: asks the other one. */
     int Inside(const CV3& pt) { return Inside(pt.x, pt.y); }
 
-    /** How far it is from a point, in the direction of another one, to the area's edge, and to its next
-     * vertex. Here 0; deliberately not virtual. */
+    /** How far it is from a point, in the direction of another one, to the area's edge. Here 0; deliberately
+     * not virtual. */
     double RngToBound(const CV3& from, const CV3& to);
+    /** The same to the area's next vertex. */
     double RngToNode(const CV3& from, const CV3& to);
 };

@@ -46,7 +46,7 @@ public:
     CRoute& operator=(const CRoute& other);
     ~CRoute() override;
 
-    CString name;
+    CString name; ///< what routes are ordered by
 
     /** Orders by name, whatever its case; names that differ in case only by their characters. */
     int operator<(const CRoute& other) const;
@@ -89,16 +89,19 @@ public:
     enum : int { maxSamples = 10'000'000 };
     /** @} */
 
-    /** @name Lookups @{ */
-    /** The place at a distance as seen from above, or in space.
+    /** @name Lookups */
+    ///@{
+    /** The place at a distance as seen from above (Q2Entry) or in space (P2Entry).
      *  @return non-zero if it is on the route; 0 if not, and then `out` is the nearer end, or what it was for
-     * a route without nodes and for what is not a number */
+     * a route without nodes and for what is not a number @{ */
     int Q2Entry(double q, CRtV3& out) const;
     int P2Entry(double p, CRtV3& out) const;
+    /** @} */
     /** The place between two nodes at a distance; beyond them, the nearer one. The application's numbers are
-     * those of the first node, and at the second one those of the second. */
+     * those of the first node, and at the second one those of the second. @{ */
     static CRtV3 InterpQ(double q, const CRtV3& a, const CRtV3& b);
     static CRtV3 InterpP(double p, const CRtV3& a, const CRtV3& b);
+    /** @} */
     /** The place of the route that is nearest to a point as seen from above; the first one, if there are
      * several.
      *  @param[out] a,b  the nodes before and after it, which stay the route's; the same for a route of one
@@ -107,6 +110,7 @@ public:
     double En2P(double east, double north, CRtV3*& a, CRtV3*& b) const;
     /** That place itself; a default node where there is none. */
     CRtV3 En2Entry(double east, double north) const;
+    /** The same for a vector, as seen from above. */
     CRtV3 V2Entry(const CV3& pt) const;
     /** A copy of the node at a position of the list; a default node for null. */
     CRtV3 Node(CVantPtr* pos) const;
@@ -127,7 +131,8 @@ public:
     static void DwMrkr(CDsp& dsp, const CRtV3& at, double size = 10);
     /** @} */
 
-    /** @name The list's operations that change it: they end what the lookups remember @{ */
+    /** @name Changing the list of nodes
+     *  Each does what it does in the list (CLstMgd), and ends what the lookups remember. @{ */
     CLstMgd& operator=(const CLstMgd& nodes) { return Changing() = nodes; }
     CLstMgd& operator=(const CLstPtr<CRtV3*>& nodes) { return Changing() = nodes; }
     CVantPtr* AddHead(const CRtV3* node) { return Changing().AddHead(node); }

@@ -34,7 +34,8 @@ public:
     CRtCat& operator=(const CRtCat& other);
     ~CRtCat() override;
 
-    /** @name What an application fills in, in this order @{ */
+    /** @name What an application fills in, in this order */
+    ///@{
     /** Draws the category's routes when the database draws itself (CRtDb::Draw). Nothing here. */
     virtual void DrawModel(CDsp& dsp);
     /** The mouse has done something in a view, and the application has told the database of it
@@ -48,5 +49,5 @@ public:
     /** Orders by name, as CRoute does. */
     int operator<(const CRtCat& other) const;
 
-    CString name;
+    CString name; ///< key of the category in its database, and what it is ordered by
 };

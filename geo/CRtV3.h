@@ -7,7 +7,9 @@
 class VANT_API CRtV3
 {
 public:
+    /** At the zero of the display. */
     CRtV3() = default;
+    /** At a place in display coordinates, metres. */
     CRtV3(double itsX, double itsY, double itsZ)
         : x(itsX)
         , y(itsY)
@@ -18,14 +20,17 @@ public:
     CRtV3& operator=(const CRtV3& other) = default;
     virtual ~CRtV3();
 
+    /** The place as a vector. */
     CV3 Pos() const { return {x, y, z}; }
 
-    /** @name Display coordinates, metres @{ */
-    double x = 0;
-    double y = 0;
-    double z = 0;
+    /** @name Display coordinates, metres */
+    ///@{
+    double x = 0; ///< east, metres
+    double y = 0; ///< north, metres
+    double z = 0; ///< up, metres
     /** @} */
-    /** @name What CRoute::Recalc() finds out @{ */
+    /** @name What CRoute::Recalc() finds out */
+    ///@{
     double p = 0;       ///< distance from the first node along the route, metres
     double q = 0;       ///< the same as seen from above
     double heading = 0; ///< of the segment that leaves the node: mathematical angle in the XY plane, radians
@@ -33,8 +38,9 @@ public:
     double pitch = 0;
     /** @} */
     double scale = 0; ///< multiplies offsets to the side; deliberately 0 at first: no offset before it is set
-    /** @name The application's: kept and copied @{ */
-    int flags = 0;
-    int user = 0;
+    /** @name The application's: kept and copied */
+    ///@{
+    int flags = 0; ///< bits that the application chooses
+    int user = 0;  ///< a number of the application
     /** @} */
 };

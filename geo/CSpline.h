@@ -9,6 +9,7 @@
 class VANT_API CSpline
 {
 public:
+    /** The kinds of curve. */
     enum Basis {
         catmullRom, ///< the curve passes through the nodes
         bSpline     ///< smoother (curvature without jumps), but only passes near them

@@ -15,5 +15,5 @@ public:
     CWyCat& operator=(const CWyCat& other);
     ~CWyCat() override;
 
-    CString name;
+    CString name; ///< key of the category in its database
 };

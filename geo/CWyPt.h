@@ -7,7 +7,9 @@
 class VANT_API CWyPt
 {
 public:
+    /** At the zero of the display. */
     CWyPt() = default;
+    /** At a place in display coordinates, metres. */
     CWyPt(double itsX, double itsY, double itsZ)
         : x(itsX)
         , y(itsY)
@@ -18,9 +20,10 @@ public:
     CWyPt& operator=(const CWyPt& other) = default;
     virtual ~CWyPt();
 
+    /** The place as a vector. */
     CV3 Pos() const { return {x, y, z}; }
 
-    double x = 0;
-    double y = 0;
-    double z = 0;
+    double x = 0; ///< east, metres
+    double y = 0; ///< north, metres
+    double z = 0; ///< up, metres
 };

@@ -18,8 +18,9 @@ public:
     /** The velocity of something on a course. @param brg  bearing  @param climb  upwards */
     static CV3 Vel(double brg, double speed, double climb = 0);
 
-    /** The distance to the target, in space and as seen from above. */
+    /** The distance to the target in space. */
     static double Rng(const CV3& own, const CV3& tgt);
+    /** The distance to the target as seen from above. */
     static double PlanRng(const CV3& own, const CV3& tgt);
     /** The bearing of the target; as of CV3::Brg(), pi for one that is straight above or below. */
     static double Brg(const CV3& own, const CV3& tgt);

@@ -101,18 +101,18 @@ public:
     ///@}
 
     /** @name Pens
-     *  Solid, one unit wide, in the colour of the same name. Created by Init(), deleted by Exit() up to
-     * tealL. */
+     *  Each is solid, one unit wide, in the colour of the same name. Created by Init(), deleted by Exit() up
+     * to tealL. */
     ///@{
     static CPen blackL, whiteL, lightL, backL, medL, darkL, blueL, greenL, greyL, cyanL, redL, yellowL, tealL;
     static CPen slateL; ///< deliberately outlives Exit()
     ///@}
 
     /** @name Brushes
-     *  Solid, in the colour of the same name. Created by Init(), deleted by Exit() up to tealB. */
+     *  Each is solid, in the colour of the same name. Created by Init(), deleted by Exit() up to tealB. */
     ///@{
-    static CBrush blackB, whiteB, lightB, backB, medB, darkB, blueB, greenB, greyB, cyanB, redB, yellowB,
-        tealB;
+    static CBrush blackB, whiteB, lightB, backB, medB, darkB, blueB, greenB, greyB, cyanB, redB;
+    static CBrush yellowB, tealB;
     static CBrush slateB; ///< deliberately outlives Exit()
     ///@}
 

@@ -36,7 +36,7 @@ public:
     /** @return the first object with exactly that name, or null */
     CESetObj* GetObj(CString name) const;
 
-    CString m_name;
+    CString m_name; ///< key of the collection in its tree; no blanks
 
 private:
     friend class CESet;

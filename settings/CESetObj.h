@@ -78,6 +78,7 @@ public:
      *  number: "inf", "nan", a hexadecimal fraction and a number too large for its type do not parse. A
      *  variable that is infinite or NaN is stored as "inf", "-inf" or "nan", and so keeps its default when
      *  it is loaded. @{ */
+    /** An integer from 0 to 255. */
     void Item(const CString& name, unsigned char& v);
     /** One character of the system's code page; a blank is one too. */
     void Item(const CString& name, char& v);
@@ -112,8 +113,8 @@ public:
     }
 
     /** @name Removing items
-     *  As in the list, and the next search begins at the head. Do not call the base class's own on an object:
-     *  the search may stand on the node that goes. @{ */
+     *  Each does what it does in the list (CLstMgd), and the next search begins at the head. Do not call the
+     * base class's own on an object: the search may stand on the node that goes. @{ */
     void RemoveHead() { Rewound().RemoveHead(); }
     void RemoveTail() { Rewound().RemoveTail(); }
     void RemoveAt(CVantPtr* pos) { Rewound().RemoveAt(pos); }
@@ -130,8 +131,8 @@ public:
     }
     /** @} */
 
-    CString m_name;
-    CString m_type;
+    CString m_name; ///< key of the object in its collection
+    CString m_type; ///< what kind of object it is, for the application
 
 private:
     friend class CESetCol;

@@ -19,17 +19,21 @@ class VANT_API CTm80 : public CObject
     DECLARE_DYNCREATE(CTm80) // and the operator above: serialisable
 
 public:
+    /** The beginning of 1980. */
     CTm80() noexcept = default;
+    /** @param seconds  since 1 January 1980 00:00 UTC */
     CTm80(double seconds) noexcept
         : m_seconds(seconds)
     {
     }
+    /** The same moment. */
     CTm80(const CTm80& other) noexcept
         : CObject()
         , m_seconds(other.m_seconds)
     {
     }
     ~CTm80() override;
+    /** Becomes another moment, or so many seconds since 1980. */
     CTm80& operator=(const CTm80& other) noexcept { return *this = other.m_seconds; }
     CTm80& operator=(double seconds) noexcept
     {
@@ -51,9 +55,12 @@ public:
     /** Stores the seconds (64 bits) in an archive or loads them; throws what the archive throws. */
     void Serialize(CArchive& ar) override;
 
+    /** Seconds since 1980. */
     operator double() const noexcept { return m_seconds; }
 
     // For numbers of any type: the conversions from and to double would leave it open which + an int means.
+    /** @name Reckoning
+     *  Each counts in seconds; moments compare by which is the earlier one. @{ */
     template <class T>
     requires std::is_arithmetic_v<T> CTm80 operator+(T seconds) const noexcept
     {
@@ -75,6 +82,7 @@ public:
     bool operator>(T seconds) const noexcept { return m_seconds > static_cast<double>(seconds); }
     bool operator<(const CTm80& other) const noexcept { return m_seconds < other.m_seconds; }
     bool operator>(const CTm80& other) const noexcept { return m_seconds > other.m_seconds; }
+    /** @} */
 
 private:
     double m_seconds = 0.0;

@@ -6,6 +6,7 @@ class CTmVal
 {
 public:
     CTmVal() = default;
+    /** Both times, seconds. */
     CTmVal(double yVal, double xVal) noexcept
         : y(yVal)
         , x(xVal)

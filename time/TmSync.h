@@ -63,7 +63,8 @@ public:
      *  take the list as it was when they began. */
     static void AddTmFn(CTmFn* source);
 
-    /** @name The time base; any thread, from Init() on @{ */
+    /** @name The time base; any thread, from Init() on */
+    ///@{
     /** Now, in seconds since 1980. */
     static double GetTm() noexcept { return GetPc() + offset; }
     /** The time base at `pc` seconds since the start, as GetPc() counted them. */

@@ -30,7 +30,8 @@
 class VANT_API CEVal
 {
 public:
-    /** @name Callbacks, as members of the target's class cast to members of CObject:
+    /** @name Callbacks
+     *  Each is a member of the target's class, cast to a member of CObject:
      *  `static_cast<CEVal::CbInt>(&CDepthWnd::OnDepth)` @{ */
     using CbNone = void (CObject::*)();
     using CbInt = void (CObject::*)(int);
@@ -64,8 +65,9 @@ public:
     /** @} */
 
     /** @name Writing
-     *  Writes as many bytes as the operand has, whatever the type says: the operand must not be wider than
-     * the bound variable. Returns the value given. The text is only written to a variable of type 1. @{ */
+     *  Each writes as many bytes as the operand has, whatever the type says: the operand must not be wider
+     * than the bound variable. Returns the value given. The text is only written to a variable of type 1. @{
+     */
     __int64 operator=(__int64 v) { return Write(v); }
     CString operator=(const CString& v);
     char operator=(char v) { return Write(v); }
@@ -80,8 +82,8 @@ public:
     /** @} */
 
     /** @name Reading
-     *  Reads as many bytes as the result has, whatever the type says: the result must not be wider than the
-     * bound variable. The text is only read from a variable of type 1. @{ */
+     *  Each reads as many bytes as the result has, whatever the type says: the result must not be wider than
+     * the bound variable. The text is only read from a variable of type 1. @{ */
     operator void*() const { return Read<void*>(); }
     operator __int64() const { return Read<__int64>(); }
     operator CString() const;
@@ -101,8 +103,8 @@ public:
     void SetRange(double min, double max);
 
     /** @name Registering a callback
-     *  There is one target for all four: registering with another object redirects the earlier ones too.
-     * Deliberate. The target must outlive its registration. @{ */
+     *  Each keeps its own member, but there is one target for all four: registering with another object
+     * redirects the earlier ones too. Deliberate. The target must outlive its registration. @{ */
     void SetCallback(CObject* target, CbNone fn);
     void SetCallback(CObject* target, CbInt fn);
     void SetCallback(CObject* target, CbDouble fn);

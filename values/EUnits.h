@@ -43,14 +43,15 @@ public:
     static CString Get(int kind, double value, const CString& format, int withUnits);
 
     /** @name Native to display units, in place
-     *  Integers are rounded half up, and the low 32 bits of the result are kept; a result that no 64-bit
-     * integer holds becomes 0. @{ */
+     *  Each rounds integers half up and keeps the low 32 bits of the result; a result that no 64-bit integer
+     * holds becomes 0. @{ */
     static void N2D(int kind, double& v);
     static void N2D(int kind, int& v);
     static void N2D(int kind, unsigned int& v);
     /** @} */
 
-    /** @name Display to native units, in place; integers as above @{ */
+    /** @name Display to native units, in place
+     *  Each is the reverse of N2D(); integers likewise. @{ */
     static void D2N(int kind, double& v);
     static void D2N(int kind, int& v);
     static void D2N(int kind, unsigned int& v);

@@ -38,10 +38,10 @@ public:
      * loggers give each console's entries the first four, the others are the writer's to add. Bits 4 to 13 of
      * the mask stand for the level ranges and belong to no kind. */
     enum KindBits : unsigned int {
-        kindConsole = 0x1,
-        kindComms = 0x2,
-        kindStatus = 0x4,
-        kindAlarm = 0x8,
+        kindConsole = 0x1,       ///< an entry of Vant::Console()
+        kindComms = 0x2,         ///< of Vant::Comms()
+        kindStatus = 0x4,        ///< of Vant::Status()
+        kindAlarm = 0x8,         ///< of Vant::Alarm()
         kindSelfClear = 0x10000, ///< an update tells its caller to clear the entry next: see UpdateEntry()
         kindChecked = 0x20000,  ///< checked by the user: an acknowledged alarm; a mask without it hides those
         kindVerbose = 0x100000, ///< shown and logged while "Verbose" is on; it is off at first
@@ -51,7 +51,8 @@ public:
     CConsole();
     ~CConsole() override;
 
-    /** @name Fields @{ */
+    /** @name Fields */
+    ///@{
     CLstPtr<CECEntry*> entries;     ///< owned; hold #entryLock while walking or changing the list
     int maxEntries = 20;            ///< so many entries AddEntry() leaves at most; below 1 counts as 1
     int seq = 0;                    ///< sequence number of the last line
@@ -69,7 +70,8 @@ public:
      *  "Logs\Alarms.csv"; other kinds leave the file as it is. */
     virtual void SetupCsl(int kindOf);
 
-    /** @name Entries; callable from any thread @{ */
+    /** @name Entries; callable from any thread */
+    ///@{
     /** Sets the keyed entry `id`, or inserts it in the order of ids, and logs it. The text becomes
      *  "<id>.<repeats> (<time>) :" followed by `text`, with five and three digits. A state of -1 clears the
      * entry.
@@ -105,19 +107,22 @@ public:
     /** Lets the user choose the log file. */
     void OnBrowse();
 
-    /** @name Operations of a window @{ */
+    /** @name Operations of a window */
+    ///@{
+    /** Shows what has come since the last trigger. */
     void OnTrigger(double a, double b) override;
     /** Besides the window's items: "FName", "CslDetail" and "LogTo". */
     void Settings(CESetObj& obj) override;
     void SetupCtrls() override;
     void Draw(CDC* dc) override;
     void LayoutWnd(int quiet) override;
-    using CVantWnd::LayoutWnd;
+    using CVantWnd::LayoutWnd; ///< the one without an argument, too
     BOOL PreTranslateMessage(MSG* msg) override;
     /** @} */
 
 protected:
-    /** @name What the window shows; UI thread, units @{ */
+    /** @name What the window shows; UI thread, units */
+    ///@{
     /** The section of the options, closed at first. */
     CCtrlCat* OptionCat();
     /** Inserts "Log To" with the choice of the file. */
@@ -134,15 +139,19 @@ protected:
     CRect RowRc(int line) const;
     /** The line at a point of the list; -1 for none. */
     int LineAt(CPoint point) const;
+    /** Has all rows redrawn. */
     void RedrawList();
     /** What the heading says beside the console's name. @param total  entries, hidden ones included */
     virtual CString Summary(int total) const;
     /** Scrolls as little as is needed to see a line. */
     void ShowLine(int line);
+    /** How many rows are in view completely. */
     int PageRows() const noexcept { return m_scroll.Page(); }
     /** Draws a line's text, with an ellipsis where it is too long. */
     void DrawLineText(CDC* dc, CRect r, const CECEntry& line, COLORREF colour) const;
+    /** Height of a row. */
     virtual int RowH() const;
+    /** Draws a row. */
     virtual void DrawLine(CDC* dc, const CRect& r, const CECEntry& line);
     /** A click on a line. @param point  in the row  @param twice  the second one of a double click */
     virtual void OnLineClick(int line, CPoint point, bool twice);

@@ -26,7 +26,8 @@ public:
     CEMsgBox();
     ~CEMsgBox() override;
 
-    /** @name Fields @{ */
+    /** @name Fields */
+    ///@{
     std::array<CString, 4> lines; ///< the message, cut at its line feeds; the last has what is left
     int msgType = 0;              ///< type bits of the message, see Vant::MsgBox()
     int tickLimit = 0;            ///< the box hides itself at this tick; the first one if it is below

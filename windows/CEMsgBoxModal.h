@@ -30,7 +30,8 @@ public:
     explicit CEMsgBoxModal(CWnd* parent = nullptr);
     ~CEMsgBoxModal() override;
 
-    /** @name Fields @{ */
+    /** @name Fields */
+    ///@{
     int msgType = 0;              ///< type bits of the message, see Vant::MsgBox()
     std::array<CString, 4> lines; ///< the message, cut at its line feeds; the last has what is left
     /** @} */

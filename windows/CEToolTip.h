@@ -43,7 +43,8 @@ public:
     void UpdateSize();
     void Draw(CDC* dc) override;
 
-    /** @name The mouse, for Vant::toolTip @{ */
+    /** @name The mouse, for Vant::toolTip */
+    ///@{
     /** It has moved over a control. */
     void Follow(CECtrl& ctrl);
     /** It has left the control, which may be no more than an address. */
