@@ -124,4 +124,8 @@ class Reader:
 def for_doxygen(source, group):
     """A header's text, all of it in a group."""
     text = Reader().read(INTERNAL_BASE.sub("public CECtrl", source))
-    return text.replace("#pragma once", f"/** @addtogroup {group} */ /** @{{ */", 1) + "/** @} */\n"
+    text = text.replace("#pragma once", f"/** @addtogroup {group} */ /** @{{ */", 1)
+    classes, end, definitions = text.rpartition("\n};\n")
+    if "::" in definitions:  # of templates' members, which are told in the class
+        return f"{classes}{end}/** @}} */ /** @cond */{definitions}/** @endcond */\n"
+    return text + "/** @} */\n"
