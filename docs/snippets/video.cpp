@@ -3,9 +3,6 @@
 
 #include <atlimage.h>
 
-namespace
-{
-
 // [avi]
 class CDiveWnd : public CGLWnd
 {
@@ -35,5 +32,3 @@ private:
 // [avi]
 
 void CDiveWnd::Render() {}
-
-} // namespace
