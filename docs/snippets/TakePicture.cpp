@@ -3,9 +3,12 @@
 // programs themselves stay as an application has them.
 #include <VantCore.h>
 
+#include <algorithm>
 #include <cstdio>
+#include <map>
 #include <string_view>
 
+#include <atlimage.h>
 #include <shellapi.h>
 
 namespace
@@ -36,11 +39,49 @@ private:
     static void CALLBACK Take(HWND, UINT, UINT_PTR timer, DWORD)
     {
         ::KillTimer(nullptr, timer);
-        if (!Vant::PrintScn(s_file)) {
-            std::fprintf(stderr, "cannot write %ls\n", static_cast<LPCWSTR>(s_file));
-            ::ExitProcess(1);
+        CWnd*& mainWnd = AfxGetThread()->m_pMainWnd;
+        CWnd* const first = mainWnd;
+        Save(s_file);
+        for (CVantPtr* pos = CVantWnd::s_wnds.GetHeadPos(); pos;) {
+            CVantWnd* const wnd = CVantWnd::s_wnds.GetNext(pos);
+            if (wnd == first || !wnd->m_hWnd || !wnd->IsWindowVisible() || wnd->GetParent())
+                continue;
+            mainWnd = wnd;
+            Save(s_file.Left(s_file.ReverseFind(L'.')) + L"-" + wnd->name + L".png");
         }
+        mainWnd = first;
         AfxGetMainWnd()->PostMessage(WM_CLOSE);
+    }
+
+    /** Whether a window shows something: a picture of one colour is no documentation. */
+    static bool ShowsSomething(const CWnd& wnd, const CString& file)
+    {
+        CImage image;
+        if (FAILED(image.Load(file)))
+            return false;
+        CRect frame;
+        CRect client;
+        wnd.GetWindowRect(&frame);
+        wnd.GetClientRect(&client);
+        wnd.ClientToScreen(&client);
+        client.OffsetRect(-frame.TopLeft());
+        std::map<COLORREF, int> counts;
+        constexpr int step = 4; // a sixteenth of the pixels tells enough
+        int most = 0;
+        int all = 0;
+        for (int y = client.top; y < client.bottom; y += step)
+            for (int x = client.left; x < client.right; x += step, ++all)
+                most = std::max(most, ++counts[image.GetPixel(x, y)]);
+        constexpr double blank = 0.97; // share of one colour
+        return most < blank * all;
+    }
+
+    static void Save(const CString& file)
+    {
+        if (Vant::PrintScn(file) && ShowsSomething(*AfxGetMainWnd(), file))
+            return;
+        std::fprintf(stderr, "no picture, or an empty one: %ls\n", static_cast<LPCWSTR>(file));
+        ::ExitProcess(1);
     }
 
     static inline CString s_file;
