@@ -69,9 +69,11 @@ private:
         constexpr int step = 4; // a sixteenth of the pixels tells enough
         int most = 0;
         int all = 0;
+        const HDC pixels = image.GetDC();
         for (int y = client.top; y < client.bottom; y += step)
             for (int x = client.left; x < client.right; x += step, ++all)
-                most = std::max(most, ++counts[image.GetPixel(x, y)]);
+                most = std::max(most, ++counts[::GetPixel(pixels, x, y)]);
+        image.ReleaseDC();
         constexpr double blank = 0.97; // share of one colour
         return most < blank * all;
     }

@@ -37,14 +37,12 @@ public:
     using CPurposeWnd::CPurposeWnd;
     void SetupCtrls() override
     {
-        // [read]
         auto* const depth = static_cast<CEText*>(InsCtrl(100, CECtrl::typeText, m_depth));
         depth->framed = 1;
         depth->units = 0; // a length
         depth->decimals = 1;
         auto* const fix = static_cast<CELed*>(InsCtrl(100, CECtrl::typeLed, m_fix)); // 1: green
         fix->text = L"RTK fixed";
-        // [read]
         NewLn();
         Insert<CEProcess>(wide, m_sent)->text = L"Sending";
     }
@@ -210,19 +208,17 @@ public:
         ctrlH = 100;
         m_chart = static_cast<CEChart*>(NewCtrl(wide, CECtrl::typeChart));
         CEStrip* const strip = m_chart->AddStrip(CString(), length);
+        strip->decimals = 1;
         strip->reversed = 1;
         const int sonar = m_chart->AddTrace(L"Depth", strip)->Index();
         for (double t = 0; t < 60; t += 0.5)
             m_chart->Add(sonar, t, 14 + 3 * std::sin(t / 9) + std::sin(t / 2.2));
         ShiftY(ctrlH + gap, leftM);
         ctrlH = 64;
-        // [free]
         auto* const attitude = static_cast<CEWnd*>(InsCtrl(202, CECtrl::typeWnd, m_roll));
         attitude->SetTarget(this); // DrawEWnd() draws it
-        // [free]
     }
 
-    // [draw]
     void DrawEWnd(CEWnd* ctrl, CDC* dc, CRect& r) override
     {
         dc->FillRect(r, &Vant::backB);
@@ -239,7 +235,6 @@ public:
         ctrl->style.Set(dc);
         dc->DrawText(L"Roll 12\u00b0", -1, r, DT_CENTER | DT_BOTTOM | DT_SINGLELINE);
     }
-    // [draw]
 
 private:
     CEChart* m_chart = nullptr;

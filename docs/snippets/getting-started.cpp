@@ -4,7 +4,6 @@
 #include <cmath>
 #include <memory>
 
-// [window]
 class CAltimeterWnd : public CVantWnd
 {
 public:
@@ -50,9 +49,7 @@ private:
     double m_limit = 12;
     CEText* m_reading = nullptr;
 };
-// [window]
 
-// [application]
 class CAltimeterApp : public CBaseApp
 {
     // [start]
@@ -89,5 +86,4 @@ class CAltimeterApp : public CBaseApp
 };
 
 CAltimeterApp theApp;
-// [application]
 // [program]
