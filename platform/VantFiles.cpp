@@ -1,5 +1,6 @@
 #include "platform/Vant.h"
 
+#include "platform/detail/Append.h"
 #include "platform/detail/Paths.h"
 
 #include <mutex>
@@ -83,8 +84,7 @@ public:
     CCodePageText(const CCodePageText&) = delete;
     CCodePageText& operator=(const CCodePageText&) = delete;
 
-    const char* Data() const noexcept { return m_data; }
-    DWORD Size() const noexcept { return m_size; }
+    std::string_view Bytes() const noexcept { return {m_data, m_size}; }
 
 private:
     static DWORD Convert(const CString& text, int length, char* target, int room)
@@ -107,14 +107,40 @@ std::mutex appending;
  * not be reported in turn without end. */
 thread_local bool reporting = false;
 
-void Report(unsigned long id, const CString& text)
+bool Report(unsigned long id, const CString& text)
 {
     if (reporting)
-        return;
+        return false;
     const CString format(L"%s");
     reporting = true;
     Vant::Alarm(id, 1, format, text.GetString());
     reporting = false;
+    return true;
+}
+
+/** Vant::CreateDirPath(), which tells of a failure with an alarm or not. */
+bool MakeDirectories(const CString& path, bool tells)
+{
+    const std::wstring_view whole = View(path);
+    if (IsDirectory(std::wstring(whole)))
+        return true;
+    for (const std::size_t end : DirectoryEnds(whole)) {
+        const std::wstring part(whole.substr(0, end));
+        if (IsDirectory(part) || CreateDirectoryW(part.c_str(), nullptr))
+            continue;
+        DWORD error = GetLastError();
+        // Another thread or process may have made it in between.
+        if (error == ERROR_ALREADY_EXISTS && IsDirectory(part))
+            continue;
+        if (IsMissingDrive(part))
+            error = ERROR_INVALID_DRIVE;
+        if (tells && error == ERROR_INVALID_DRIVE)
+            Report(directoryAlarm, L"Cannot create directory Invalid Drive");
+        else if (tells)
+            Report(directoryAlarm, L"Cannot create directory, Err=" + Vant::ErrorString(error));
+        return false;
+    }
+    return true;
 }
 
 // Junctions and links are not followed: what they lead to belongs to somebody else.
@@ -142,62 +168,55 @@ void ClearDirectory(const std::wstring& dir, std::wstring_view pattern)
 
 } // namespace
 
-void Vant::AppendToFile(CString file, CString text)
+namespace vant::detail
 {
-    if (file.IsEmpty())
-        return;
+
+std::string CodePageBytes(const CString& text)
+{
+    return std::string(CCodePageText(text).Bytes());
+}
+
+Appended Append(const CString& file, std::string_view bytes, const CString* text)
+{
     // The directory is there for every line but the first, so it is made only when opening says that it is
     // missing.
     HANDLE handle = OpenForAppending(file);
     if (handle == INVALID_HANDLE_VALUE && GetLastError() == ERROR_PATH_NOT_FOUND &&
-        CreateDirPath(file.Left(static_cast<int>(NameStart(View(file))))))
+        MakeDirectories(file.Left(static_cast<int>(NameStart(View(file)))), text != nullptr))
         handle = OpenForAppending(file);
     const CHandleOwner owner(handle);
-    const auto failure = [&] {
-        return L"Append To File: Could not open file <" + file + L"> to log string <" + text + L">";
+    const auto fail = [&](std::size_t written, const CString& cause) {
+        const bool told = text && Report(appendAlarm, L"Append To File: Could not open file <" + file +
+                                                          L"> to log string <" + *text + L">" + cause);
+        return Appended{written, false, told};
     };
-    if (!owner.IsOpen()) {
-        Report(appendAlarm, failure());
-        return;
-    }
-    const CCodePageText bytes(text);
+    if (!owner.IsOpen())
+        return fail(0, L"");
     DWORD written = 0;
     bool failed = false;
     LONG error = ERROR_DISK_FULL; // what a short write means
     {
         const std::lock_guard oneAtATime(appending);
-        failed = !WriteFile(owner.Get(), bytes.Data(), bytes.Size(), &written, nullptr);
+        failed = !WriteFile(owner.Get(), bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr);
         if (failed)
             error = static_cast<LONG>(GetLastError());
     }
-    if (failed || written < bytes.Size()) {
-        Report(appendAlarm,
-               failure() + L" cause:" + FileExceptionStr(CFileException::OsErrorToException(error)));
-    }
+    if (failed || written < bytes.size())
+        return fail(written, L" cause:" + Vant::FileExceptionStr(CFileException::OsErrorToException(error)));
+    return {written, true, false};
+}
+
+} // namespace vant::detail
+
+void Vant::AppendToFile(CString file, CString text)
+{
+    if (!file.IsEmpty())
+        Append(file, CCodePageText(text).Bytes(), &text);
 }
 
 int Vant::CreateDirPath(CString path)
 {
-    const std::wstring_view whole = View(path);
-    if (IsDirectory(std::wstring(whole)))
-        return 1;
-    for (const std::size_t end : DirectoryEnds(whole)) {
-        const std::wstring part(whole.substr(0, end));
-        if (IsDirectory(part) || CreateDirectoryW(part.c_str(), nullptr))
-            continue;
-        DWORD error = GetLastError();
-        // Another thread or process may have made it in between.
-        if (error == ERROR_ALREADY_EXISTS && IsDirectory(part))
-            continue;
-        if (IsMissingDrive(part))
-            error = ERROR_INVALID_DRIVE;
-        if (error == ERROR_INVALID_DRIVE)
-            Report(directoryAlarm, L"Cannot create directory Invalid Drive");
-        else
-            Report(directoryAlarm, L"Cannot create directory, Err=" + ErrorString(error));
-        return 0;
-    }
-    return 1;
+    return MakeDirectories(path, true) ? 1 : 0;
 }
 
 void Vant::ClearDirOfFiles(CString dir, CString pattern)

@@ -2,9 +2,11 @@
 
 #include "platform/Vant.h"
 #include "settings/CESetObj.h"
+#include "settings/detail/CodePage.h"
 #include "windows/detail/OneLine.h"
 
 #include <algorithm>
+#include <string_view>
 #include <utility>
 
 namespace
@@ -17,6 +19,23 @@ constexpr int repeatsWrap = 1000;
 constexpr int levelShift = 4;
 constexpr int levelRange = 1000;
 constexpr int highestLevel = 9999;
+
+/** Whether a path counts from the data directory: it has no drive and does not begin at a root. */
+bool IsFromDataDir(const CString& path)
+{
+    return !path.IsEmpty() && path.Find(L':') < 0 && path[0] != L'\\' && path[0] != L'/';
+}
+
+/** A log file's path as the settings file can hold it. */
+CString StoredName(const CString& path)
+{
+    const std::wstring_view whole(path, static_cast<std::size_t>(path.GetLength()));
+    const int dir = Vant::dataDir.GetLength();
+    const bool isBelow = dir > 0 && path.Left(dir).CompareNoCase(Vant::dataDir) == 0;
+    if (!isBelow || vant::detail::DecodeAcp(vant::detail::EncodeAcp(whole)) == whole)
+        return path;
+    return path.Mid(dir);
+}
 
 /** Holds a console's entries for as long as it lives. */
 class Guard : public CSingleLock
@@ -39,6 +58,7 @@ CConsole::CConsole()
 
 CConsole::~CConsole()
 {
+    m_logFile.Flush();
     s_trigRx.RemoveAt(s_trigRx.Find(this));
     while (!entries.IsEmpty())
         delete entries.RemoveHead();
@@ -235,7 +255,7 @@ void CConsole::Write(const LogLine& line)
 {
     // Makes the directories too.
     if (!line.file.IsEmpty())
-        Vant::AppendToFile(line.file, line.text + L"\r\n");
+        m_logFile.Write(line.file, line.text);
 }
 
 void CConsole::LogEntry(const CECEntry* entry)
@@ -253,7 +273,10 @@ void CConsole::Settings(CESetObj& obj)
     CVantWnd::Settings(obj);
     {
         const Guard guard(*this);
-        obj.Item(L"FName", fileName);
+        CString file = obj.IsStoring() ? StoredName(fileName) : fileName;
+        obj.Item(L"FName", file);
+        if (!obj.IsStoring() && file.FindOneOf(L"?*") < 0)
+            fileName = IsFromDataDir(file) ? Vant::dataDir + file : file;
     }
     obj.Item(L"CslDetail", detail);
     obj.Item(L"LogTo", logTo);

@@ -3,6 +3,7 @@
 #include "controls/CVantWnd.h"
 #include "controls/detail/RowScroll.h"
 #include "platform/CECEntry.h"
+#include "windows/detail/LogFile.h"
 
 #include <afxmt.h>
 
@@ -100,7 +101,9 @@ public:
      * mask. Levels below 0 count as 0, and from 9000 on all are one range. */
     int TestEntry(const CECEntry* entry) const;
     /** Appends an entry to the log file if #logTo is set and it passes the filter: its text as one line, line
-     * breaks in it as blanks. A failure becomes alarm 6010 (Vant::AppendToFile()). */
+     * breaks in it as blanks. A file that takes no line becomes alarm 6010 (Vant::AppendToFile()), once: the
+     * lines wait, are offered again every few seconds, and stand in the file in their order when it takes
+     * them. It tells how many were too many to wait. */
     void LogEntry(const CECEntry* entry);
     /** @} */
 
@@ -111,7 +114,9 @@ public:
     ///@{
     /** Shows what has come since the last trigger. */
     void OnTrigger(double a, double b) override;
-    /** Besides the window's items: "FName", "CslDetail" and "LogTo". */
+    /** Besides the window's items: "FName", "CslDetail" and "LogTo". A log file below Vant::dataDir whose
+     * path the settings file's code page cannot express is stored as its path from there on; a name that is
+     * no file's, as another program may have stored it, is not taken. */
     void Settings(CESetObj& obj) override;
     void SetupCtrls() override;
     void Draw(CDC* dc) override;
@@ -195,7 +200,7 @@ private:
     void Retire(CVantPtr* pos);
     void Stamp(CECEntry& entry, int state);
     LogLine LineOf(const CECEntry& entry) const;
-    static void Write(const LogLine& line);
+    void Write(const LogLine& line);
 
     template <class T>
     void InsOption(CCtrlCat& cat, int width, const CString& caption, const CString& tip, T& variable,
@@ -215,6 +220,7 @@ private:
     bool ShiftColumns(int columns);
     void Press(CPoint point, bool twice);
 
+    vant::detail::LogFile m_logFile;
     std::vector<std::unique_ptr<CECEntry>> m_spare; // entries that are in no list, for the next ones
     const CECEntry* m_newest = nullptr;             // the last one written; null when it was cleared
     bool m_keyed = false;                           // it is keyed
