@@ -54,6 +54,7 @@ CSceneWnd::CSceneWnd(const wchar_t* wndName, const wchar_t* title, Session& sess
     : m_scene(scene)
     , m_frame(*this, session, place)
     , m_title(title)
+    , m_drawsPictures(session.pbuffers)
 {
     CVantWnd::name = wndName;
     lightsInScene = 1;
@@ -226,11 +227,11 @@ bool CSceneWnd::Capture(CImage& image, CSize size)
     constexpr int bitsPerPixel = 32;
     if (!image.Create(size.cx, size.cy, bitsPerPixel))
         return false;
-    return CanDraw(size) ? CapPB(image) != 0 : CopySeen(image, size);
+    return DrawsPictures(size) ? CapPB(image) != 0 : CopySeen(image, size);
 }
 
 /** Whether the driver draws pictures of this size. It is asked once: its refusal is an alarm. */
-bool CSceneWnd::CanDraw(CSize size)
+bool CSceneWnd::DrawsPictures(CSize size)
 {
     if (!m_drawsPictures || (PbWidth() == size.cx && PbHeight() == size.cy))
         return m_drawsPictures;

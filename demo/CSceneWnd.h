@@ -71,14 +71,14 @@ private:
     void OnShowAll();
     void OnNorthUp() { SetUp(upNorth); }
     void OnCourseUp() { SetUp(upCourse); }
-    bool CanDraw(CSize size);
+    bool DrawsPictures(CSize size);
     bool CopySeen(CImage& image, CSize size);
 
     Scene& m_scene;
     PopupFrame m_frame;
     CString m_title;
     CDspMHit m_picked;
-    bool m_drawsPictures = true; // until the driver refuses
+    bool m_drawsPictures; // the driver does, apart from the window; until it refuses
 };
 
 } // namespace demo

@@ -155,6 +155,23 @@ bool CGLWnd::WithContext(const std::function<void()>& code)
     return true;
 }
 
+/** In place of a scene that cannot be drawn: an empty window would leave its user guessing. */
+void CGLWnd::DrawExcuse(CDC& dc) const
+{
+    constexpr int margin = 12; // units
+    const int state = dc.SaveDC();
+    Dpi().Apply(dc);
+    CRect r = ClientRc();
+    dc.FillRect(r, &Vant::backB);
+    dc.SelectObject(&Vant::normalF);
+    dc.SetTextColor(Vant::light);
+    dc.SetBkMode(TRANSPARENT);
+    r.DeflateRect(margin, margin);
+    dc.DrawText(L"Nothing can be drawn here: this computer's graphics driver offers no OpenGL.", &r,
+                DT_LEFT | DT_TOP | DT_WORDBREAK | DT_NOPREFIX);
+    dc.RestoreDC(state);
+}
+
 void CGLWnd::Draw(CDC* dc)
 {
     if (!m_hWnd || !IsWindowVisible())
@@ -163,7 +180,7 @@ void CGLWnd::Draw(CDC* dc)
     GetClientRect(&view);
     const CurrentContext current{*dc, m_rc};
     if (!current) {
-        dc->FillRect(view, &Vant::backB);
+        DrawExcuse(*dc);
         return;
     }
     // The viewport counts from the bottom, where a client rectangle has its top.

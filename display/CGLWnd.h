@@ -55,7 +55,8 @@ public:
     /** @name Operations that a derived window may replace */
     ///@{
     /** Shows the scene: makes the context current on `dc`, sets the viewport, calls Render() and swaps the
-     * buffers. Nothing happens while the window is hidden; a window without a context shows its background.
+     * buffers. Nothing happens while the window is hidden; a window without a context says in its place that
+     * the computer offers no OpenGL.
      * @param dc  of this window, without a mapping */
     void Draw(CDC* dc) override;
     /** Draws the scene. The context is current and the viewport is ViewRc(). Nothing here. */
@@ -86,6 +87,10 @@ public:
      *  @param image  32 bits per pixel, exactly PbWidth() x PbHeight()
      *  @return 1; 0 without a pixel buffer or for another kind of image, which is left as it is */
     int CapPB(CImage& image);
+
+    /** Whether the window can draw its scene. False on a computer whose driver made no context when the
+     * window was created; an alarm has told so then. */
+    bool CanDraw() const noexcept { return m_rc != nullptr; }
 
     /** Width of the pixel buffer, pixels; 0 without one. */
     int PbWidth() const noexcept { return m_pbWidth; }
@@ -129,6 +134,7 @@ private:
     static CGLWnd* OfCurrentContext();
     void MakeCircle();
     void ReleaseContexts();
+    void DrawExcuse(CDC& dc) const;
     void RenderTo(const CRect& view, bool shares);
 
     static CLstPtr<CGLWnd*> s_glWnds;
