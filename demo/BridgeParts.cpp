@@ -142,8 +142,14 @@ void CBridge::OnSize(UINT type, int cx, int cy)
 
 void CBridge::OnGetMinMaxInfo(MINMAXINFO* info)
 {
-    const CSize least = FrameAround(Layout::leastWidth, Layout::leastHeight, Dpi());
+    const CSize least = FrameAround(Layout::leastWidth, Layout::leastHeight, DpiThatFits(m_hWnd, Dpi()));
     info->ptMinTrackSize = {least.cx, least.cy};
+}
+
+LRESULT CBridge::OnDpiChanged(WPARAM dpi, LPARAM suggested)
+{
+    const int fits = DpiThatFits(m_hWnd, CDpi(HIWORD(dpi))).Dpi();
+    return CVantWnd::OnDpiChanged(MAKEWPARAM(fits, fits), suggested);
 }
 
 BOOL CBridge::OnEraseBkgnd(CDC* dc)

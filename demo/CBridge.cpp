@@ -1,6 +1,7 @@
 #include "demo/CBridge.h"
 
 #include "demo/AlarmTexts.h"
+#include "demo/CRunLock.h"
 #include "demo/Commands.h"
 #include "demo/ScreenPlace.h"
 #include "demo/detail/Text.h"
@@ -43,6 +44,7 @@ BEGIN_MESSAGE_MAP(CBridge, CVantWnd)
     ON_WM_SIZE()
     ON_WM_GETMINMAXINFO()
     ON_WM_ACTIVATE()
+    ON_MESSAGE(WM_DPICHANGED, OnDpiChanged)
 END_MESSAGE_MAP()
 
 CBridge::CBridge(Session& session)
@@ -67,10 +69,12 @@ bool CBridge::Open()
     const Box& saved = m_session.settings.window;
     const bool isSaved = saved.Width() > 0 && saved.Height() > 0;
     const Box place = isSaved ? PlaceAgain(saved) : FirstPlace();
-    if (!CreateEx(0, Vant::wndClass, Vant::appTitle, mainStyle, RectOf(place), nullptr, 0) || !OpenParts() ||
-        !OpenViews())
+    if (!CreateEx(0, Vant::wndClass, Vant::appTitle, mainStyle, RectOf(place), nullptr, 0))
         return false;
-    LoadWindows(Vant::setFile);
+    DpiThatFits(m_hWnd, Dpi()).Set(m_hWnd);
+    if (!OpenParts() || !OpenViews())
+        return false;
+    LoadWindows(Vant::setFile, m_session.keeps);
     for (const auto& dock : m_docks) {
         dock->Guest().UpdCtrls();
         dock->Guest().LayoutWnd(1);
@@ -233,13 +237,15 @@ void CBridge::Finish()
         return;
     NotePlace();
     m_finished = true;
+    CRunLock::Unmark(m_hWnd);
     m_video.Stop();
     Vant::vantClosing = 1;
     KillTimer(frameTimer);
     m_session.failed |= m_script && !m_script->IsDone(); // closed too early
     if (IsIconic())
         ShowWindow(SW_SHOWNOACTIVATE);
-    SavePictures();
+    if (m_session.keeps)
+        SavePictures();
 }
 
 } // namespace demo

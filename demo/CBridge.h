@@ -31,6 +31,9 @@ public:
     /** Makes and shows the window where it was left, or in the middle of the screen. */
     bool Open();
 
+    /** Whether the chart and the orbit view show something. */
+    bool CanDrawViews() const { return m_chart.CanDraw() && m_orbit.CanDraw(); }
+
     BOOL PreTranslateMessage(MSG* message) override;
     void OnInfoMsg(int msg, void* data) override;
     /** Places the parts. */
@@ -45,6 +48,7 @@ protected:
     afx_msg void OnMove(int toX, int toY);
     afx_msg void OnSize(UINT type, int cx, int cy);
     afx_msg void OnGetMinMaxInfo(MINMAXINFO* info);
+    afx_msg LRESULT OnDpiChanged(WPARAM dpi, LPARAM suggested);
     afx_msg void OnActivate(UINT state, CWnd* other, BOOL minimized);
     DECLARE_MESSAGE_MAP()
 

@@ -3,6 +3,7 @@
 #include "controls/CRcKeys.h"
 #include "demo/CBridge.h"
 #include "demo/CLogClock.h"
+#include "demo/CRunLock.h"
 #include "demo/CRunLog.h"
 #include "demo/DemoSettings.h"
 #include "demo/detail/Options.h"
@@ -15,6 +16,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace demo
 {
@@ -24,6 +26,13 @@ enum ExitCode : int {
     exitFailed = 1, ///< something could not be written
     exitUsage = 2,  ///< an argument or the log is no good
     exitScript = 3, ///< the program did not do what its script expects
+    exitRuns = 4,   ///< another one runs with the same directory
+};
+
+/** Something that its user must know about a run. */
+struct Warning {
+    std::wstring line; ///< all of it
+    std::wstring box;  ///< what a message box of four short lines can hold
 };
 
 /** The application: reads the command line and the log, starts the library, opens the bridge, and at the end
@@ -42,14 +51,22 @@ private:
     bool ReadCommandLine();
     bool ReadLog();
     bool PrepareOutput();
+    bool TryOutput(const std::wstring& dir);
     void StartLibrary();
+    void LoadSettings();
+    void Warn(std::wstring line, std::wstring box);
     bool OpenWindow();
-    void SaveSettings();
+    void ShowWarning();
+    void Keep();
     void Summarise() const;
 
     Options m_options;
     std::wstring m_logPath;
     std::wstring m_outDir; // absolute, with a backslash at the end
+    bool m_keeps = true;   // it can be written
+    bool m_settingsSaved = false;
+    std::vector<Warning> m_warnings;
+    CRunLock m_lock;
     std::unique_ptr<Tape> m_tape;
     std::unique_ptr<Playback> m_playback;
     DemoSettings m_settings;

@@ -5,6 +5,7 @@
 #include "demo/detail/Text.h"
 #include "platform/Vant.h"
 #include "time/TmSync.h"
+#include "windows/CCslAlm.h"
 
 #include <algorithm>
 
@@ -12,6 +13,8 @@ namespace demo
 {
 namespace
 {
+
+constexpr unsigned long appendAlarm = 6010; // of a log file that takes no line
 
 std::size_t CountOn(const Playback& playback)
 {
@@ -24,9 +27,10 @@ std::size_t CountOn(const Playback& playback)
 int CDemoApp::ExitInstance()
 {
     if (m_session) {
-        SaveSettings();
+        Keep();
         Summarise();
     }
+    ShowComplaints();
     m_bridge.reset();
     if (m_started) {
         TmSync::Exit();
@@ -36,25 +40,36 @@ int CDemoApp::ExitInstance()
     return m_exitCode;
 }
 
-void CDemoApp::SaveSettings()
+/** Writes what outlasts the run. Whatever cannot be written is told in one line. */
+void CDemoApp::Keep()
 {
-    if (!m_settings.Save(Vant::setFile)) {
-        Complain(L"cannot save the settings to " + Quoted(std::wstring(static_cast<LPCWSTR>(Vant::setFile))));
-        m_exitCode = exitFailed;
-    }
-    if (!m_session->picturesSaved) {
-        Complain(L"cannot save every picture to " + Quoted(m_outDir));
-        m_exitCode = exitFailed;
-    }
     const LineCounts& counts = m_playback->Counts();
     const std::size_t alarms = m_session->alarms;
     m_log.Line(L"end: " + Counted(counts.read, L"sentences read, ") +
                Counted(counts.rejected, L"rejected, ") +
                Counted(alarms, alarms == 1 ? L"alarm, " : L"alarms, ") +
                Counted(m_session->frames, L"frames drawn"));
-    if (!m_log.IsGood()) {
-        Complain(L"cannot write to " + Quoted(m_outDir + L"demo.log"));
-        m_exitCode = exitFailed;
+    if (!m_keeps) {
+        m_exitCode = exitFailed; // told at the start
+    } else {
+        m_settingsSaved = m_settings.Save(Vant::setFile);
+        const struct {
+            const wchar_t* name;
+            bool isKept;
+        } parts[] = {
+            {L"the settings", m_settingsSaved},
+            {L"every picture", m_session->picturesSaved},
+            {L"the run log", m_log.IsGood()},
+            {L"every line of the other logs", Vant::alarm.FindEntry(appendAlarm) == nullptr},
+        };
+        std::wstring lost;
+        for (const auto& part : parts)
+            if (!part.isKept)
+                lost += (lost.empty() ? L"" : L", ") + std::wstring(part.name);
+        if (!lost.empty()) {
+            Complain(L"cannot write to " + Quoted(m_outDir) + L", whose disk may be full; not kept: " + lost);
+            m_exitCode = exitFailed;
+        }
     }
     if (m_session->failed) {
         Complain(L"the script failed");
@@ -74,9 +89,12 @@ void CDemoApp::Summarise() const
     Say(L"frames:    " + Counted(m_session->frames, L"drawn"));
     for (const std::wstring& picture : m_session->pictures)
         Say((picture == videoName ? L"video:     " : L"picture:   ") + m_outDir + picture);
-    Say(L"settings:  " + std::wstring(static_cast<LPCWSTR>(Vant::setFile)));
-    Say(L"run log:   " + m_outDir + L"demo.log");
-    Say(L"other logs: " + m_outDir + L"Logs");
+    if (m_settingsSaved)
+        Say(L"settings:  " + std::wstring(static_cast<LPCWSTR>(Vant::setFile)));
+    if (m_keeps) {
+        Say(L"run log:   " + m_outDir + L"demo.log");
+        Say(L"other logs: " + m_outDir + L"Logs");
+    }
 }
 
 } // namespace demo

@@ -1,11 +1,18 @@
 #include "demo/DemoSettings.h"
 
 #include "controls/CVantWnd.h"
+#include "demo/detail/SettingsText.h"
+#include "demo/detail/Text.h"
 #include "platform/Vant.h"
 #include "settings/CESet.h"
+#include "windows/CCslAlm.h"
+#include "windows/CCslComms.h"
 
 #include <algorithm>
+#include <filesystem>
+#include <fstream>
 #include <numbers>
+#include <optional>
 
 namespace demo
 {
@@ -16,6 +23,44 @@ constexpr const wchar_t* collection = L"VantDemo";
 constexpr const wchar_t* ownObject = L"Display";
 constexpr const wchar_t* vantObject = L"Vant";
 constexpr int mostRuns = 1000000;
+
+namespace fs = std::filesystem;
+
+/** Judges a file; nothing when it is there and cannot be read. */
+std::optional<FileState> Judged(const fs::path& path)
+{
+    constexpr std::streamoff piece = 4096; // the root element's ends lie within it
+    std::ifstream file(path, std::ios::binary | std::ios::ate);
+    const std::streamoff size = file ? static_cast<std::streamoff>(file.tellg()) : -1;
+    if (size < 0)
+        return std::nullopt;
+    const auto read = [&](std::streamoff from) {
+        std::string bytes(static_cast<std::size_t>(std::min(size, piece)), '\0');
+        file.seekg(from);
+        file.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+        return bytes;
+    };
+    const std::string begin = read(0);
+    const std::string end = read(size - std::min(size, piece));
+    return file ? std::optional(Judge(begin, end)) : std::nullopt;
+}
+
+/** Copies a file beside itself, "VantDemo.xml" to "VantDemo.damaged.xml", or "VantDemo.damaged-2.xml" when
+ * there is such a file. @return the copy; empty if none could be made */
+fs::path CopyBeside(const fs::path& path, const std::wstring& why)
+{
+    constexpr int mostCopies = 99;
+    for (int i = 1; i <= mostCopies; ++i) {
+        const std::wstring number = i == 1 ? L"" : L"-" + std::to_wstring(i);
+        fs::path copy = path;
+        copy.replace_extension(why + number + path.extension().wstring());
+        if (::CopyFileW(path.c_str(), copy.c_str(), TRUE))
+            return copy;
+        if (::GetLastError() != ERROR_FILE_EXISTS && ::GetLastError() != ERROR_ALREADY_EXISTS)
+            break;
+    }
+    return {};
+}
 
 void Exchange(CESetObj& obj, const CString& prefix, ViewPlace& place)
 {
@@ -37,6 +82,10 @@ void KeepWithin(T& value, T least, T most, T otherwise)
 
 void DemoSettings::Settings(CESetObj& obj)
 {
+    int written = obj.IsStoring() ? ownFormat : format;
+    obj.Item(L"Format", written);
+    if (!obj.IsStoring())
+        format = written;
     obj.Item(L"Runs", runs);
     obj.Item(L"Left", window.left);
     obj.Item(L"Top", window.top);
@@ -80,24 +129,41 @@ void DemoSettings::Mend()
     survey.open = survey.open != 0;
 }
 
-bool DemoSettings::Load(const CString& file)
+SettingsFound DemoSettings::Load(const CString& file)
 {
+    const fs::path path(file.GetString());
+    const std::wstring name = L"the settings " + Quoted(path.wstring());
+    std::error_code error;
+    if (!fs::exists(path, error) && !error)
+        return {};
     CESet set(0);
-    if (!set.Load(file))
-        return false;
-    const CESetCol* const col = set.GetCol(collection);
-    if (!col)
-        return true;
-    if (CESetObj* const obj = col->GetObj(ownObject))
-        Settings(*obj);
-    Mend();
-    if (CESetObj* const obj = col->GetObj(vantObject))
-        Vant::Settings(*obj);
-    return true;
+    const std::optional<FileState> state = Judged(path);
+    if (!state || !set.Load(file)) {
+        m_mayReplace = false;
+        return {true, L"", name + L" cannot be read; they are left as they are"};
+    }
+    if (const CESetCol* const col = set.GetCol(collection)) {
+        if (CESetObj* const obj = col->GetObj(ownObject))
+            Settings(*obj);
+        Mend();
+        if (CESetObj* const obj = col->GetObj(vantObject))
+            Vant::Settings(*obj);
+    }
+    const bool isNewer = format > ownFormat;
+    if (state != FileState::Damaged && !isNewer)
+        return {state == FileState::Whole, L"", L""};
+    const fs::path copy = CopyBeside(path, isNewer ? L"newer" : L"damaged");
+    m_mayReplace = !copy.empty();
+    return {true, copy.wstring(),
+            name + (isNewer ? L" are a newer program's" : L" are damaged") +
+                L"; what this program can read of them is used, and they are kept " +
+                (m_mayReplace ? L"as " + Quoted(copy.wstring()) : std::wstring(L"as they are"))};
 }
 
 bool DemoSettings::Save(const CString& file)
 {
+    if (!m_mayReplace)
+        return true;
     CESet set(1);
     CESetCol* const col = set.AddCol(collection);
     Settings(*col->AddObj(ownObject, L"DemoSettings"));
@@ -106,11 +172,22 @@ bool DemoSettings::Save(const CString& file)
     return set.Save(file) != 0;
 }
 
-void LoadWindows(const CString& file)
+void LoadWindows(const CString& file, bool keeps)
 {
+    CConsole* const consoles[] = {&Vant::csl, &Vant::comms, &Vant::status, &Vant::alarm};
+    CString own[std::size(consoles)];
+    for (std::size_t i = 0; i < std::size(consoles); ++i)
+        own[i] = consoles[i]->fileName;
     CESet set(0);
     if (set.Load(file))
         CVantWnd::LoadSet(set);
+    for (std::size_t i = 0; i < std::size(consoles); ++i) {
+        CConsole& console = *consoles[i];
+        const CString tail = L"\\" + own[i].Mid(Vant::dataDir.GetLength());
+        if (console.fileName.Right(tail.GetLength()).CompareNoCase(tail) == 0)
+            console.fileName = own[i];
+        console.logTo = keeps ? console.logTo : 0;
+    }
 }
 
 CString PlainName(const CString& name)

@@ -6,6 +6,8 @@
 
 #include <afxwin.h>
 
+#include <string>
+
 class CESetObj;
 
 namespace demo
@@ -17,10 +19,20 @@ struct ViewPlace {
     Box box;      ///< its place on the screen, pixels; empty before it was ever shown
 };
 
+/** What a settings file turned out to be. */
+struct SettingsFound {
+    bool isThere = false;
+    std::wstring kept;    ///< path of the copy that was made of it; empty for none
+    std::wstring trouble; ///< one line that says what is wrong with it; empty for nothing
+};
+
 /** What the demonstration remembers from one run to the next. The controls of the set-up window are bound to
  * these variables. */
 struct DemoSettings {
-    int runs = 0; ///< how often it has been started
+    static constexpr int ownFormat = 1; ///< number of the file's format; a newer program's is larger
+
+    int format = 0; ///< of the file that was loaded; 0 when it does not say
+    int runs = 0;   ///< how often it has been started
     Box window; ///< place of the window while it is neither maximised nor an icon; empty before the first run
     int maximised = 0;
     ViewPlace chart;
@@ -61,17 +73,23 @@ struct DemoSettings {
     /** Gives way to the defaults where a value cannot be used: a settings file is input. */
     void Mend();
 
-    /** Reads a settings file, Vant's own state in it included. What the file lacks keeps its value.
-     *  @return false when there is no such file */
-    bool Load(const CString& file);
+    /** Reads a settings file, Vant's own state in it included. What the file lacks keeps its value. A file
+     * that Save() could not write in full, of a newer program or damaged, is copied first; it is left as it
+     * is if it can be neither read nor copied. */
+    SettingsFound Load(const CString& file);
 
-    /** Replaces a settings file; the state of the platform windows goes into it too. @return false when it
-     * could not be written */
+    /** Replaces a settings file, unless Load() found that it must not be; the state of the platform windows
+     * goes into it too. @return false when it could not be written */
     bool Save(const CString& file);
+
+private:
+    bool m_mayReplace = true;
 };
 
-/** Gives the platform windows that exist the state that DemoSettings::Save() put into the file. */
-void LoadWindows(const CString& file);
+/** Gives the platform windows that exist the state that DemoSettings::Save() put into the file. A console's
+ * log stays in this run's directory where the file comes from a run in another one.
+ *  @param keeps  whether there is a directory that the consoles can log to */
+void LoadWindows(const CString& file, bool keeps);
 
 /** A name as a settings file can keep it: without quotation marks and per cent signs. */
 CString PlainName(const CString& name);

@@ -17,7 +17,12 @@ bool PopupFrame::Open(const wchar_t* title, CWnd& owner, const Box& first)
 {
     const bool isSaved = m_place.box.Width() > 0 && m_place.box.Height() > 0;
     const Box box = isSaved ? PlaceAgain(m_place.box) : first;
-    return m_wnd.CreateEx(0, Vant::wndClass, title, popupStyle, RectOf(box), &owner, 0) != FALSE;
+    if (!m_wnd.CreateEx(0, Vant::wndClass, title, popupStyle, RectOf(box), &owner, 0))
+        return false;
+    const int dpi = CDpi::Of(owner.m_hWnd).Dpi();
+    if (CDpi::Of(m_wnd.m_hWnd).Dpi() != dpi) // on a screen that its owner would not fit otherwise
+        m_wnd.SendMessage(WM_DPICHANGED, MAKEWPARAM(dpi, dpi), 0);
+    return true;
 }
 
 void PopupFrame::ShowAsSet()

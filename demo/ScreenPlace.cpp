@@ -3,6 +3,7 @@
 #include "demo/detail/Layout.h"
 #include "demo/detail/WindowPlace.h"
 
+#include <algorithm>
 #include <vector>
 
 namespace demo
@@ -47,9 +48,24 @@ CSize FrameAround(int width, int height, CDpi dpi) noexcept
     return rect.Size();
 }
 
+CDpi DpiThatFits(HWND wnd, CDpi asked) noexcept
+{
+    MONITORINFO monitor{};
+    monitor.cbSize = sizeof monitor;
+    if (!::GetMonitorInfoW(::MonitorFromWindow(wnd, MONITOR_DEFAULTTOPRIMARY), &monitor))
+        return asked;
+    const CRect work(monitor.rcWork);
+    const CSize frame = FrameAround(0, 0, asked);
+    const int wide = (work.Width() - frame.cx) * CDpi::base / Layout::leastWidth;
+    const int high = (work.Height() - frame.cy) * CDpi::base / Layout::leastHeight;
+    constexpr int fewest = 48; // below, nobody can read anything
+    return CDpi(std::min(asked.Dpi(), std::max({std::min(wide, high), fewest})));
+}
+
 Box FirstPlace() noexcept
 {
-    const CDpi dpi = CDpi::Of(::GetDesktopWindow());
+    const HWND desktop = ::GetDesktopWindow();
+    const CDpi dpi = DpiThatFits(desktop, CDpi::Of(desktop));
     const CSize size = FrameAround(Layout::designWidth, Layout::designHeight, dpi);
     const CSize whole = FrameAround(Layout::designWidth, Layout::wholeHeight, dpi);
     return BridgePlace(size.cx, size.cy, whole.cy, MainWorkArea(), ScaleOf(dpi));

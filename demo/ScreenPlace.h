@@ -14,6 +14,10 @@ inline constexpr DWORD mainStyle = WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN;
 /** The size of the main window around a client area, in pixels. @param width, height  in units */
 CSize FrameAround(int width, int height, CDpi dpi) noexcept;
 
+/** The dots per inch for the main window on the monitor where it is: those that the system asks for, or as
+ * many as let its least size fit there. */
+CDpi DpiThatFits(HWND wnd, CDpi asked) noexcept;
+
 /** Where the main window goes when it was never open: onto the main screen, with room for the views. */
 Box FirstPlace() noexcept;
 

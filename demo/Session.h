@@ -30,6 +30,8 @@ struct Session {
     bool scripted = false; ///< the program tries its own controls
     CString outDir;        ///< where pictures go, with a backslash at the end
     CString boatFile;      ///< the boat's model
+    bool keeps = true;     ///< #outDir can be written; otherwise nothing of the run is kept
+    bool pbuffers = true;  ///< see Options
 
     ShownValues values{};
     std::wstring origin{};       ///< where the sentences come from, as it is shown

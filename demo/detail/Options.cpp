@@ -72,6 +72,10 @@ Options Options::Parse(std::span<const std::wstring_view> arguments)
             result.script = true;
             continue;
         }
+        if (name == L"--no-pbuffers") {
+            result.pbuffers = false;
+            continue;
+        }
         const auto isName = [name](const auto& option) { return option.name == name; };
         const auto* const number = std::ranges::find_if(numberOptions, isName);
         const auto* const text = std::ranges::find_if(textOptions, isName);
@@ -84,6 +88,7 @@ Options Options::Parse(std::span<const std::wstring_view> arguments)
         const std::wstring_view value = arguments[++i];
         if (text != std::end(textOptions)) {
             result.*text->member = value;
+            result.usualOut = result.usualOut && text->member != &Options::out;
             continue;
         }
         const std::optional<double> parsed = Number(value);
@@ -104,13 +109,20 @@ const char* Options::Help() noexcept
            "                window is closed (default 20)\n"
            "  --rate R      play R seconds of the log in each second (default 10)\n"
            "  --log FILE    the log to play (default: the survey that comes with the program)\n"
-           "  --out DIR     where settings, picture and log go (default: out)\n"
+           "  --out DIR     where settings, pictures and logs go (default: out, or VantDemo in the\n"
+           "                user's local application data where out cannot be written); where this\n"
+           "                cannot be written either, the program runs and keeps nothing\n"
            "  --script      try the controls with the mouse and the keys, say what happened, and\n"
            "                end when that is done and the seconds are over\n"
+           "  --no-pbuffers take the views' pictures from the screen: for graphics drivers that\n"
+           "                offer pixel buffers but cannot draw into them\n"
            "  --help        show this text\n"
            "\n"
+           "Started a second time for the same directory, the program shows the window that is there\n"
+           "and ends; with directories of their own, several run side by side.\n"
+           "\n"
            "Exit code 0 after a run, 1 when something could not be written, 2 when an argument or\n"
-           "the log is no good, 3 when a step of the script failed.\n";
+           "the log is no good, 3 when a step of the script failed, 4 when the program runs already.\n";
 }
 
 } // namespace demo

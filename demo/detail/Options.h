@@ -17,7 +17,9 @@ struct Options {
     double rate = 10.0;        ///< seconds of the log in each second of the display
     std::wstring log;          ///< log to play; empty for the one that comes with the program
     std::wstring out = L"out"; ///< directory for everything that is written
+    bool usualOut = true;      ///< it was not asked for: another one will do
     bool script = false;       ///< the program tries its own controls and checks what they do
+    bool pbuffers = true;      ///< pictures of the views are drawn apart, where the driver can
     bool help = false;
     std::wstring error; ///< empty, or one line that says what is wrong with the command line
 

@@ -13,9 +13,13 @@ bool SaveSeen(CWnd& wnd, const CString& path)
     return SaveScreen(place, path);
 }
 
-bool SaveScreen(const CRect& place, const CString& path)
+bool SaveScreen(const CRect& wanted, const CString& path)
 {
     constexpr int bitsPerPixel = 24;
+    CRect place(CPoint(::GetSystemMetrics(SM_XVIRTUALSCREEN), ::GetSystemMetrics(SM_YVIRTUALSCREEN)),
+                CSize(::GetSystemMetrics(SM_CXVIRTUALSCREEN), ::GetSystemMetrics(SM_CYVIRTUALSCREEN)));
+    if (!place.IntersectRect(&place, &wanted))
+        return false;
     CImage image;
     if (!image.Create(place.Width(), place.Height(), bitsPerPixel))
         return false;

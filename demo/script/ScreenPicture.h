@@ -9,7 +9,8 @@ namespace demo
  * out. @return whether it could be saved */
 bool SaveSeen(CWnd& wnd, const CString& path);
 
-/** Saves what a user sees of a part of the screen. @return whether it could be saved */
-bool SaveScreen(const CRect& place, const CString& path);
+/** Saves what a user sees of a rectangle; what lies beside the screen is left out. @return whether it could
+ * be saved */
+bool SaveScreen(const CRect& wanted, const CString& path);
 
 } // namespace demo

@@ -107,7 +107,7 @@ TEST(DemoSettings, AreKeptAndCheckedWhenTheyAreRead)
     saved.mounting = {1.0, 0.5};
     ASSERT_TRUE(saved.Save(file.c_str()));
     DemoSettings read;
-    ASSERT_TRUE(read.Load(file.c_str()));
+    ASSERT_TRUE(read.Load(file.c_str()).isThere);
     EXPECT_EQ(1, read.units);
     EXPECT_EQ(7.25, read.shallowLimit);
     EXPECT_EQ(L"Sonar 2", read.sensor);
@@ -121,7 +121,7 @@ TEST(DemoSettings, AreKeptAndCheckedWhenTheyAreRead)
         saved.lostFix = limit;
         saved.port = static_cast<int>(limit);
         ASSERT_TRUE(saved.Save(file.c_str()));
-        ASSERT_TRUE(read.Load(file.c_str()));
+        ASSERT_TRUE(read.Load(file.c_str()).isThere);
         EXPECT_EQ(0, read.units);
         const DemoSettings usual;
         EXPECT_EQ(usual.shallowLimit, read.shallowLimit);
