@@ -6,7 +6,9 @@
 #include "demo/ScreenPlace.h"
 #include "demo/detail/Text.h"
 #include "demo/script/Acts.h"
+#include "demo/script/CScript.h"
 #include "demo/script/ScreenPicture.h"
+#include "demo/tour/CTour.h"
 #include "platform/Vant.h"
 #include "time/TmSync.h"
 
@@ -90,13 +92,21 @@ bool CBridge::Open()
     m_colours.Frame().ShowAsSet();
     m_survey.Frame().ShowAsSet();
     SetFocus();
-    if (m_session.scripted)
-        m_script = std::make_unique<CScript>(Stage{m_session, *this, m_setup, m_chart, m_orbit, m_colours,
-                                                   m_survey, m_video, m_scene, m_hands},
-                                             AllActs());
+    m_actor = Actor();
     m_last = Clock::now();
     SetTimer(frameTimer, frameInterval);
     return true;
+}
+
+std::unique_ptr<CActor> CBridge::Actor()
+{
+    const Stage stage{m_session, *this,    m_setup, m_chart, m_orbit,
+                      m_colours, m_survey, m_video, m_scene, m_hands};
+    if (m_session.scripted)
+        return std::make_unique<CScript>(stage, AllActs());
+    if (m_session.touring)
+        return std::make_unique<CTour>(stage);
+    return nullptr;
 }
 
 void CBridge::OnClose()
@@ -135,8 +145,10 @@ void CBridge::OnTimer(UINT_PTR id)
 void CBridge::Tick(double step)
 {
     m_elapsed += step;
+    const bool isPlayed = !m_actor || m_actor->Step(m_elapsed); // before anything of this tick is drawn
     if (!m_session.paused)
-        m_session.playback.Advance(std::min(step, m_script ? scriptStep : longestStep) * m_session.rate);
+        m_session.playback.Advance(std::min(step, m_session.scripted ? scriptStep : longestStep) *
+                                   m_session.rate);
     m_feed.Feed(m_session.tape, m_session.playback);
     ReportEvents();
     m_session.values.Take(m_session.playback);
@@ -152,8 +164,8 @@ void CBridge::Tick(double step)
         m_nextTrigger = m_elapsed + triggerStep;
     }
 
-    const bool scriptDone = !m_script || m_script->Step(m_elapsed);
-    if (scriptDone && m_session.seconds > 0.0 && m_elapsed >= m_session.seconds) {
+    const bool isOver = m_session.seconds > 0.0 && m_elapsed >= m_session.seconds;
+    if (isPlayed && (isOver || m_session.touring)) {
         KillTimer(frameTimer);
         PostMessage(WM_CLOSE);
     }
@@ -241,10 +253,10 @@ void CBridge::Finish()
     m_video.Stop();
     Vant::vantClosing = 1;
     KillTimer(frameTimer);
-    m_session.failed |= m_script && !m_script->IsDone(); // closed too early
+    m_session.failed |= m_actor && !m_actor->IsDone(); // closed too early
     if (IsIconic())
         ShowWindow(SW_SHOWNOACTIVATE);
-    if (m_session.keeps)
+    if (m_session.keeps && !m_session.touring) // the tour takes its own
         SavePictures();
 }
 

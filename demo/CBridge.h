@@ -8,7 +8,8 @@
 #include "demo/CSurveyWnd.h"
 #include "demo/CViewVideo.h"
 #include "demo/SentenceFeed.h"
-#include "demo/script/CScript.h"
+#include "demo/script/CActor.h"
+#include "demo/script/CInput.h"
 
 #include <array>
 #include <chrono>
@@ -63,6 +64,7 @@ private:
     bool TakeCharacter(wchar_t character);
     void GoToNextWindow();
     bool OpenViews();
+    std::unique_ptr<CActor> Actor();
     std::array<CSceneWnd*, 2> Views() { return {&m_chart, &m_orbit}; }
     std::array<CVantWnd*, 4> Popups() { return {&m_chart, &m_orbit, &m_colours, &m_survey}; }
     CVantWnd* FocusedPopup(); // which has the keyboard, or null
@@ -85,7 +87,7 @@ private:
     CSurveyWnd m_survey;
     CViewVideo m_video{m_orbit};
     CInput m_hands;
-    std::unique_ptr<CScript> m_script;
+    std::unique_ptr<CActor> m_actor; // in its user's place; null for none
     SentenceFeed m_feed;
     Clock::time_point m_last;
     double m_elapsed = 0.0;

@@ -179,7 +179,9 @@ void CDemoApp::StartLibrary()
     Vant::appTitle = L"VantCore \u2013 survey instruments";
     Vant::projDir = m_outDir.c_str();
     Vant::dataDir = m_outDir.c_str();
-    Vant::setFile = (m_outDir + L"VantDemo.xml").c_str();
+    Vant::setFile = (m_outDir + (m_options.tour ? L"tour.xml" : L"VantDemo.xml")).c_str();
+    if (m_options.tour)
+        ::DeleteFileW(Vant::setFile); // a tour always begins as a first run does
     Vant::hIcon = LibraryIcon();
     Vant::inReplay = 1;
     Vant::Init();
@@ -218,6 +220,7 @@ bool CDemoApp::OpenWindow()
                                 fs::path(m_logPath).filename().wstring(), m_options.seconds, m_options.rate,
                                 m_options.script, m_outDir.c_str(),
                                 DataFile(boatName).make_preferred().c_str(), m_keeps, m_options.pbuffers});
+    m_session->touring = m_options.tour;
     m_session->Apply();
     m_bridge = std::make_unique<CBridge>(*m_session);
     m_pMainWnd = m_bridge.get();

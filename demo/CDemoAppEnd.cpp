@@ -88,7 +88,8 @@ void CDemoApp::Summarise() const
         Counted(CountOn(*m_playback), L"still on"));
     Say(L"frames:    " + Counted(m_session->frames, L"drawn"));
     for (const std::wstring& picture : m_session->pictures)
-        Say((picture == videoName ? L"video:     " : L"picture:   ") + m_outDir + picture);
+        Say((picture == videoName || picture == filmName ? L"video:     " : L"picture:   ") + m_outDir +
+            picture);
     if (m_settingsSaved)
         Say(L"settings:  " + std::wstring(static_cast<LPCWSTR>(Vant::setFile)));
     if (m_keeps) {

@@ -1,5 +1,7 @@
 #include "demo/CViewVideo.h"
 
+#include "demo/PlainVideo.h"
+
 namespace demo
 {
 namespace
@@ -25,6 +27,7 @@ void CViewVideo::AddFrame()
     cam.align += ML::D2R(turn);
     m_view.SetCam(cam);
     const bool added = Capture() && m_avi.AddDib(m_image);
+    TellOfPlainVideo();
     m_frames += added ? 1 : 0;
     if (!added || m_frames >= mostFrames)
         Stop();

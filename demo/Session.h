@@ -36,6 +36,7 @@ struct Session {
     ShownValues values{};
     std::wstring origin{};       ///< where the sentences come from, as it is shown
     double crossTrack = missing; ///< see Scene::CrossTrack()
+    bool touring = false;        ///< the program shows itself, and films that
     int paused = 0;
     std::size_t alarms = 0; ///< how many have begun
     std::size_t frames = 0;
@@ -58,6 +59,7 @@ inline constexpr const wchar_t* screenName = L"screen.png";
 inline constexpr const wchar_t* chartName = L"chart.png";
 inline constexpr const wchar_t* orbitName = L"orbit.png";
 inline constexpr const wchar_t* videoName = L"orbit.avi";
+inline constexpr const wchar_t* filmName = L"tour.avi"; ///< of the tour
 /** @} */
 
 /** Information message: the session or its settings have changed. Its data is the session. */

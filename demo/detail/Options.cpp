@@ -68,8 +68,10 @@ Options Options::Parse(std::span<const std::wstring_view> arguments)
             result.help = true;
             return result;
         }
-        if (name == L"--script") {
-            result.script = true;
+        if (name == L"--script" || name == L"--tour") {
+            (name == L"--script" ? result.script : result.tour) = true;
+            if (result.script && result.tour)
+                return fail(L"--script and --tour exclude each other");
             continue;
         }
         if (name == L"--no-pbuffers") {
@@ -116,13 +118,16 @@ const char* Options::Help() noexcept
            "                end when that is done and the seconds are over\n"
            "  --no-pbuffers take the views' pictures from the screen: for graphics drivers that\n"
            "                offer pixel buffers but cannot draw into them\n"
+           "  --tour        show everything for a minute, leave it as a film and six pictures, and\n"
+           "                end; the settings stay as they are\n"
            "  --help        show this text\n"
            "\n"
            "Started a second time for the same directory, the program shows the window that is there\n"
            "and ends; with directories of their own, several run side by side.\n"
            "\n"
            "Exit code 0 after a run, 1 when something could not be written, 2 when an argument or\n"
-           "the log is no good, 3 when a step of the script failed, 4 when the program runs already.\n";
+           "the log is no good, 3 when a step of the script or of the tour failed, 4 when the program\n"
+           "runs already.\n";
 }
 
 } // namespace demo

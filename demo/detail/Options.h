@@ -20,6 +20,7 @@ struct Options {
     bool usualOut = true;      ///< it was not asked for: another one will do
     bool script = false;       ///< the program tries its own controls and checks what they do
     bool pbuffers = true;      ///< pictures of the views are drawn apart, where the driver can
+    bool tour = false;         ///< the program shows itself for a minute and films that
     bool help = false;
     std::wstring error; ///< empty, or one line that says what is wrong with the command line
 

@@ -5,20 +5,6 @@ namespace demo
 namespace
 {
 
-/** The visible, enabled window at a point of the screen, inside a window that has no parent. */
-HWND WindowAt(HWND top, POINT screen)
-{
-    HWND at = top;
-    for (;;) {
-        POINT point = screen;
-        ::ScreenToClient(at, &point);
-        const HWND child = ::ChildWindowFromPointEx(at, point, CWP_SKIPINVISIBLE | CWP_SKIPDISABLED);
-        if (!child || child == at)
-            return child ? at : nullptr;
-        at = child;
-    }
-}
-
 /** Turns the wheel over the window that has scrolled a point of `wnd` out of sight. */
 void ScrollTowards(const CWnd& wnd, POINT screen)
 {
@@ -39,6 +25,19 @@ LPARAM KeyData(UINT key)
 
 } // namespace
 
+HWND CInput::WindowAt(HWND top, POINT screen)
+{
+    HWND at = top;
+    for (;;) {
+        POINT point = screen;
+        ::ScreenToClient(at, &point);
+        const HWND child = ::ChildWindowFromPointEx(at, point, CWP_SKIPINVISIBLE | CWP_SKIPDISABLED);
+        if (!child || child == at)
+            return child ? at : nullptr;
+        at = child;
+    }
+}
+
 void CInput::Click(CWnd& wnd)
 {
     CRect client;
@@ -49,7 +48,7 @@ void CInput::Click(CWnd& wnd)
 void CInput::Key(UINT key, int times)
 {
     for (int i = 0; i < times; ++i)
-        m_queue.push_back(Stroke{key});
+        m_queue.push_back(Pushed{key});
 }
 
 void CInput::Empty(CWnd& field)
@@ -117,18 +116,18 @@ bool CInput::Do(const Rest& rest)
     return ::WindowFromPoint(middle) == rest.wnd->m_hWnd && ::SetCursorPos(middle.x, middle.y);
 }
 
-bool CInput::Do(const Stroke& stroke)
+bool CInput::Stroke(UINT key)
 {
     constexpr LPARAM released = static_cast<LPARAM>(0xC0000000U); // the key was down and is going up
     const HWND focus = ::GetFocus();
     if (!focus)
         return false;
-    ::PostMessageW(focus, WM_KEYDOWN, stroke.key, KeyData(stroke.key));
-    ::PostMessageW(focus, WM_KEYUP, stroke.key, KeyData(stroke.key) | released);
+    ::PostMessageW(focus, WM_KEYDOWN, key, KeyData(key));
+    ::PostMessageW(focus, WM_KEYUP, key, KeyData(key) | released);
     return true;
 }
 
-bool CInput::Do(wchar_t character)
+bool CInput::Letter(wchar_t character)
 {
     const HWND focus = ::GetFocus();
     if (!focus)

@@ -46,6 +46,14 @@ public:
     /** Forgets what is left to do. */
     void Drop() { m_queue.clear(); }
 
+    /** The visible, enabled window at a point of the screen, inside a window that has no parent. */
+    static HWND WindowAt(HWND top, POINT screen);
+
+    /** @name Give what has the keyboard a key, or a character. @return false while nothing has it @{ */
+    static bool Stroke(UINT key);
+    static bool Letter(wchar_t character);
+    /** @} */
+
 private:
     struct Press {
         CWnd* wnd;
@@ -60,16 +68,16 @@ private:
     struct Rest {
         CWnd* wnd;
     };
-    struct Stroke {
+    struct Pushed {
         UINT key;
     };
-    using Action = std::variant<Press, Turn, Rest, Stroke, wchar_t>;
+    using Action = std::variant<Press, Turn, Rest, Pushed, wchar_t>;
 
     static bool Do(const Press& press);
     static bool Do(const Turn& turn);
     static bool Do(const Rest& rest);
-    static bool Do(const Stroke& stroke);
-    static bool Do(wchar_t character);
+    static bool Do(const Pushed& pushed) { return Stroke(pushed.key); }
+    static bool Do(wchar_t character) { return Letter(character); }
 
     std::deque<Action> m_queue;
 };

@@ -6,6 +6,7 @@
 #include "demo/CSetupWnd.h"
 #include "demo/CSurveyWnd.h"
 #include "demo/CViewVideo.h"
+#include "demo/script/CActor.h"
 #include "demo/script/CInput.h"
 
 #include <vector>
@@ -39,7 +40,7 @@ struct Act {
 
 /** The program tries its own controls: does things as a user, one after the other, and checks what happened.
  * Every act is reported in a line on the standard output. The first one that fails is the last. */
-class CScript
+class CScript : public CActor
 {
 public:
     /** Seconds after which an act has failed, and how many seconds of the tape it may wait for besides. */
@@ -48,9 +49,8 @@ public:
 
     CScript(const Stage& stage, std::vector<Act> acts);
 
-    /** Goes on a little; called several times a second. @param t  seconds @return whether all is done */
-    bool Step(double t);
-    bool IsDone() const noexcept { return m_current >= m_acts.size(); }
+    bool Step(double t) override;
+    bool IsDone() const override { return m_current >= m_acts.size(); }
 
 private:
     void Report(const Act& act, bool passed);

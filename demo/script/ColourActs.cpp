@@ -9,17 +9,6 @@ namespace
 
 constexpr int dragLength = 60; // pixels
 
-/** The palette's list of tables. */
-CColTblCb& Tables(const Stage& stage)
-{
-    for (CVantPtr* pos = CECtrl::s_eCtrls.GetHeadPos(); pos;) {
-        auto* const list = dynamic_cast<CColTblCb*>(CECtrl::s_eCtrls.GetNext(pos));
-        if (list && list->pTbl == &stage.colours.Pal().master)
-            return *list;
-    }
-    std::abort(); // the palette makes it
-}
-
 /** Drags in the palette's bar. @param by  pixels to the right */
 void DragBar(Stage& stage, int by)
 {
@@ -39,7 +28,7 @@ const Act acts[] = {
 
     {L"a key switches to another table",
      [](Stage& s) {
-         Tables(s).SetFocus();
+         TablesOf(s).SetFocus();
          s.before = s.colours.Pal().GetCol(s.colours.Pal().end);
          s.hands.Key(VK_DOWN);
      },
@@ -58,7 +47,7 @@ const Act acts[] = {
 
     {L"the table of the depths comes back",
      [](Stage& s) {
-         Tables(s).SetFocus();
+         TablesOf(s).SetFocus();
          s.hands.Key(VK_UP);
      },
      [](const Stage& s) { return s.colours.Pal().master.name == L"Depths"; }},

@@ -49,10 +49,7 @@ bool ShowsWaypoint(const Stage& stage, std::size_t index)
 /** A right click on the boat in the chart. */
 void ClickBoat(Stage& stage)
 {
-    double x = 0;
-    double y = 0;
-    stage.chart.Pt2Xy(stage.scene.Boat().Now().place, x, y);
-    const CPoint at(static_cast<int>(std::lround(x)), static_cast<int>(std::lround(y)));
+    const CPoint at = BoatIn(stage, stage.chart);
     stage.chart.SetFocus();
     stage.hands.Drag(stage.chart, at, at, CInput::Button::Right);
 }

@@ -10,22 +10,6 @@ namespace
 
 constexpr double close = 0.5; // metres
 
-CPoint Middle(const CWnd& wnd)
-{
-    CRect client;
-    wnd.GetClientRect(&client);
-    return client.CenterPoint();
-}
-
-/** Where the boat is in a view, pixels. */
-CPoint BoatIn(const Stage& stage, const CSceneWnd& view)
-{
-    double x = 0;
-    double y = 0;
-    view.Pt2Xy(stage.scene.Boat().Now().place, x, y);
-    return {static_cast<int>(std::lround(x)), static_cast<int>(std::lround(y))};
-}
-
 /** A place beside the boat that lies between the lines of the route, pixels. */
 CPoint NothingIn(const Stage& stage, const CSceneWnd& view)
 {
