@@ -193,6 +193,21 @@ void Times()
     // [time]
 }
 
+/** What a walk through a field in feet does to a value in metres. */
+void ThroughText()
+{
+    double limit = 12;
+    CEVal value;
+    value.Init(limit);
+    value.units = 0;
+    value.decimals = 1;
+    EUnits::system = 1;
+    Expect(value.GetText(0), L"39.4");
+    value.SetText(value.GetText(0));
+    EUnits::system = 0;
+    Expect(std::round(limit * 10000) / 10000, 12.0092);
+}
+
 struct Row {
     int kind;
     const wchar_t* labels[2];
@@ -239,6 +254,7 @@ int main()
     Knots();
     Positions();
     Times();
+    ThroughText();
     Table();
     return failures == 0 ? 0 : 1;
 }
