@@ -250,8 +250,8 @@ class CControlsApp : public CBaseApp
         int x = 20;
         const auto open = [&](CVantWnd* wnd, int height) {
             m_wnds.emplace_back(wnd);
-            const bool isOpen =
-                wnd->CreateWnd(wnd->name, WS_POPUP | WS_VISIBLE, CRect(x, 20, x + width, 20 + height));
+            const bool isOpen = wnd->CreateWnd(wnd->name, WS_POPUP, CRect(x, 20, x + width, 20 + height));
+            wnd->ShowWindow(SW_SHOWNA);
             x += width + 4;
             return isOpen;
         };
