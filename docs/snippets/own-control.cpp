@@ -9,8 +9,8 @@ namespace
 {
 
 // [class]
-/** The lever of a thruster: a bar from the middle up or down. Bound to a number between the ends of its
- * range, 0 being the middle; dragged with the mouse, or moved with the arrow keys. */
+// The lever of a thruster: a bar from the middle up or down. Bound to a number between the ends of its range,
+// 0 being the middle; dragged with the mouse, or moved with the arrow keys.
 class CEThrust : public CECtrl
 {
 public:

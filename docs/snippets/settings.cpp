@@ -23,7 +23,7 @@ void Expect(bool isSo, const char* what)
 }
 
 // [body]
-/** A survey as the application keeps it. */
+// A survey as the application keeps it.
 struct CPlan {
     CString area = L"Kiel Bight";
     double spacing = 25.0; // metres between lines
@@ -31,7 +31,7 @@ struct CPlan {
     CV3 origin{0, 0, 0};
     unsigned long sonar = 0x2800A8C0; // a network address
 
-    /** Writes the state to the object, or reads it from there: the object's tree knows which. */
+    // Writes the state to the object, or reads it from there: the object's tree knows which.
     void Settings(CESetObj& obj)
     {
         obj.Item(L"Area", area);
@@ -43,7 +43,7 @@ struct CPlan {
             Mend();
     }
 
-    /** A settings file is input: what cannot be used gives way to the default. */
+    // A settings file is input: what cannot be used gives way to the default.
     void Mend()
     {
         if (!(spacing >= 1 && spacing <= 1000))
@@ -84,7 +84,7 @@ int Load(CPlan& plan)
 // [load]
 
 // [places]
-/** Settings and logs go below the user's own directory, which can always be written to. */
+// Settings and logs go below the user's own directory, which can always be written to.
 void ChoosePlaces(const wchar_t* application)
 {
     wchar_t* local = nullptr;
@@ -114,7 +114,7 @@ public:
     }
 
     // [window]
-    /** The window comes back where it was, as far as there is a screen. */
+    // The window comes back where it was, as far as there is a screen.
     void Settings(CESetObj& obj) override
     {
         CVantWnd::Settings(obj); // level, open sections, named controls
@@ -170,7 +170,7 @@ void WindowsComeBack()
     Expect(place == CRect(120, 90, 420, 290), "the window is where it was");
 }
 
-/** What becomes of a text in a file. */
+// What becomes of a text in a file.
 CString ThroughFile(const wchar_t* text)
 {
     CString value = text;
@@ -219,7 +219,7 @@ void Limits()
 }
 
 // [exact]
-/** Exchanges a number with all of its digits. */
+// Exchanges a number with all of its digits.
 void ExactItem(CESetObj& obj, const CString& name, double& v)
 {
     char digits[32]{};

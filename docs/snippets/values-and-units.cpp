@@ -141,7 +141,7 @@ void Scale()
 }
 
 // [knots]
-/** Knots, which the unit table lacks: a scale, and a label of one's own. The variable stays in m/s. */
+// Knots, which the unit table lacks: a scale. The variable stays in m/s.
 void ShowKnots(CEVal& speed)
 {
     constexpr double knotsPerMetrePerSecond = 3600.0 / 1852.0;
@@ -165,7 +165,7 @@ void Knots()
 }
 
 // [position]
-/** An angle in degrees and decimal minutes: "54°32.2037'N". @param rad radians, positive to the north */
+// A latitude in degrees and decimal minutes: "54°32.2037'N". It is given in radians, positive to the north.
 CString LatitudeText(double rad)
 {
     constexpr int perDegree = 600000; // ten-thousandths of a minute: round once, then cut into parts
@@ -193,7 +193,7 @@ void Times()
     // [time]
 }
 
-/** What a walk through a field in feet does to a value in metres. */
+// What a walk through a field in feet does to a value in metres.
 void ThroughText()
 {
     double limit = 12;
@@ -215,7 +215,7 @@ struct Row {
     double shown;  ///< in the US system
 };
 
-/** The table of the page. */
+// The table of the page.
 void Table()
 {
     const Row rows[] = {

@@ -1,0 +1,11 @@
+# The settings of a run are those that the next one begins with.
+set(kept ${WORK_DIR}/altimeter.xml)
+file(READ ${kept} settings)
+string(REPLACE "<Units val=\"0\"/>" "<Units val=\"1\"/>" settings "${settings}")
+string(REPLACE "<Limit val=\"12\"/>" "<Limit val=\"15\"/>" settings "${settings}")
+file(WRITE ${kept} "${settings}")
+run_program()
+file(READ ${kept} settings)
+if(NOT settings MATCHES "<Units val=\"1\"/>" OR NOT settings MATCHES "<Limit val=\"15\"/>")
+  message(FATAL_ERROR "Unit and limit were not kept:\n${settings}")
+endif()
