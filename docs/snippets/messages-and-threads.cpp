@@ -49,7 +49,7 @@ public:
             const double began = TmSync::GetTm();
             while (!stop.stop_requested()) {
                 const double t = TmSync::GetTm();
-                const double depth = 21 + 4 * std::cos(t - began); // here your device is waited for
+                const double depth = 21 - 4 * std::cos(t - began); // here your device is waited for
                 m_mutex.Lock();
                 m_depth = depth; // what belongs together is stored together
                 m_water = 9 + depth / 10;
