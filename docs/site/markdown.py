@@ -34,15 +34,34 @@ def anchor_of(place, slug):
     return f"{name_of(place)}-{slug}"
 
 
+def in_code(span):
+    """A code span in which Doxygen leaves the per cent signs that it takes for its own: those before a letter, except
+    between quotation marks."""
+    parts = re.split(r"(\"[^\"]*\")", span)
+    return "".join(part if part.startswith('"') else re.sub(r"%(?=[A-Za-z])", "%%", part) for part in parts)
+
+
+def in_text(text):
+    """Text without the characters that would be commands. Between quotation marks Doxygen would take a backslash before
+    the second one for a part of it."""
+    if "\\" in text:
+        text = text.replace('"', "&quot;")
+    return re.sub(r"([\\@])", r"\\\1", text)
+
+
 def escape(text):
-    """Text that Doxygen shall take as it is; what stands in code spans it takes so already."""
+    """A line that Doxygen shall take as it is."""
+    spans = []
     parts = []
     end = 0
     for span in CODE_SPAN.finditer(text):
-        parts += [re.sub(r"([\\@])", r"\\\1", text[end:span.start()]), span[0]]
+        parts += [in_text(text[end:span.start()]), f"\x01{len(spans)}\x01"]
+        spans.append(in_code(span[0]))
         end = span.end()
-    parts.append(re.sub(r"([\\@])", r"\\\1", text[end:]))
-    return "".join(parts)
+    parts.append(in_text(text[end:]))
+    # Doxygen knows no bold text that begins or ends with code.
+    line = re.sub(r"\*\*(?=\S)(.+?)(?<=\S)\*\*", r"<b>\1</b>", "".join(parts))
+    return re.sub(r"\x01(\d+)\x01", lambda match: spans[int(match[1])], line)
 
 
 class Page:
@@ -71,7 +90,8 @@ class Page:
         name = os.path.basename(path).removesuffix(".h")
         if name in self.of_class and self.of_class[name] == path:
             return f'@ref {name} "{text.replace("`", "")}"'
-        return f"{text} (`{path}`)" if path not in text else text
+        # The rest of the tree is not on the site.
+        return f"`{path}`" if text.replace("`", "") in path else f"{text} (`{path}`)"
 
     def line(self, text):
         """A line of text with its links; code spans stay untouched, those that are the text of a link do not."""
@@ -79,10 +99,10 @@ class Page:
 
         def keep(match):
             links.append(self.link(match))
-            return f"\0{len(links) - 1}\0"
+            return f"\x00{len(links) - 1}\x00"
 
         kept = LINK.sub(keep, text)
-        return re.sub(r"\0(\d+)\0", lambda m: links[int(m[1])], escape(kept))
+        return re.sub(r"\x00(\d+)\x00", lambda m: links[int(m[1])], escape(kept))
 
 
 def for_doxygen(text, place, texts, of_class, is_main):
