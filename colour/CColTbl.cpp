@@ -4,6 +4,7 @@
 #include "settings/CESet.h"
 
 constinit CLstMgd<CColTbl> CColTbl::s_colTbls;
+constexpr int CColTbl::mostEntries;
 
 namespace
 {

@@ -11,6 +11,9 @@ using namespace vant::detail;
 IMPLEMENT_DYNCREATE(CPal, CVantWnd)
 
 constinit CLstPtr<CPal*> CPal::s_pals;
+constexpr int CPal::changedMsg;
+constexpr LPCWSTR CPal::typeName;
+constexpr unsigned int CPal::unlisted;
 
 namespace
 {

@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <limits>
 
+constexpr int CDpi::base;
+
 namespace
 {
 

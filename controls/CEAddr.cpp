@@ -22,6 +22,8 @@ END_MESSAGE_MAP()
 static_assert(AddressLayout::fields == CEAddr::fields);
 static_assert(sizeof(unsigned long) == CEAddr::fields);
 
+constexpr int CEAddr::fields;
+
 namespace
 {
 

@@ -16,6 +16,8 @@ using vant::detail::ValueType;
 
 IMPLEMENT_DYNAMIC(CEChart, CECtrl)
 
+constexpr int CEChart::defaultCapacity;
+
 namespace
 {
 

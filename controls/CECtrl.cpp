@@ -12,6 +12,8 @@ BEGIN_MESSAGE_MAP(CECtrl, CWnd)
     ON_WM_ERASEBKGND()
 END_MESSAGE_MAP()
 
+constexpr DWORD CECtrl::keepFocus;
+
 CECtrl::CECtrl()
     : rc(0, 0, 0, 0)
     , style(CEStyle::s_default)

@@ -9,6 +9,8 @@ using vant::detail::RcStep;
 
 IMPLEMENT_DYNAMIC(CRcMgr, CVantWnd)
 
+constexpr int CRcMgr::nfyCurrent;
+
 namespace
 {
 

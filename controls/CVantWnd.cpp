@@ -31,6 +31,8 @@ constinit CLstPtr<CVantWnd*> CVantWnd::s_snsrRx;
 constinit CLstPtr<CVantWnd*> CVantWnd::s_dataRx;
 constinit CLstPtr<CVantWnd*> CVantWnd::s_hltWnds;
 int CVantWnd::s_inhibitFocus = 0;
+constexpr int CVantWnd::hltInfo;
+constexpr UINT CVantWnd::layoutMsg;
 
 namespace
 {

@@ -38,6 +38,7 @@ END_MESSAGE_MAP()
 
 HGLRC CDsp::s_sharedRC = nullptr;
 CDspGrp* CDsp::s_pDspGrp = nullptr;
+constexpr int CDsp::lightCount;
 
 namespace
 {

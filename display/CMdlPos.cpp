@@ -4,6 +4,7 @@
 #include "display/CMdl.h"
 
 constinit CLstMgd<CMdlPos> CMdlPos::s_mdlPos;
+constexpr int CMdlPos::moved;
 
 namespace
 {

@@ -1,5 +1,13 @@
 #include "platform/Vant.h"
 
+constexpr int Vant::alarmInfo;
+constexpr int Vant::msgWarnIcon;
+constexpr int Vant::msgStopIcon;
+constexpr int Vant::msgStay;
+constexpr int Vant::msgModal;
+constexpr int Vant::msgYesNo;
+constexpr int Vant::msgCancel;
+
 COLORREF Vant::light = 0xF5F5F5;
 COLORREF Vant::back = 0x271200;
 COLORREF Vant::med = 0xAA784B;

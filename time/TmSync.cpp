@@ -21,6 +21,7 @@ CLstPtr<CTmFn*> TmSync::tmFns;
 CTmFnClock TmSync::ltf;
 double TmSync::err = 0.0;
 double TmSync::tm80 = 0.0;
+constexpr long long TmSync::base80;
 
 namespace
 {

@@ -32,6 +32,8 @@ BEGIN_MESSAGE_MAP(CEMsgBox, CECtrl)
     ON_MESSAGE(WM_DPICHANGED, OnDpiChanged)
 END_MESSAGE_MAP()
 
+constexpr unsigned CEMsgBox::tickPeriod;
+
 CEMsgBox::CEMsgBox()
 {
     rc = CRect(CPoint(0, 0), CSize(vant::detail::msgSize));

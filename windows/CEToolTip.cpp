@@ -62,6 +62,8 @@ BEGIN_MESSAGE_MAP(CEToolTip, CVantWnd)
     ON_WM_MOUSEACTIVATE()
 END_MESSAGE_MAP()
 
+constexpr int CEToolTip::maxWidth;
+
 CEToolTip::CEToolTip()
     : text(L"test")
 {

@@ -2,6 +2,8 @@
 
 #include <cstdlib>
 
+constexpr DWORD CImage::createAlphaChannel;
+
 namespace
 {
 
