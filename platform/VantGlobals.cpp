@@ -51,7 +51,7 @@ CString Vant::projDir(L"C:\\Tolk\\Vant\\");
 CString Vant::dataDir(L"C:\\VantData\\");
 CString Vant::setFile(L"C:\\Tolk\\Vant\\VantApp.xml");
 CString Vant::runDir;
-CString Vant::swVer(L"2.07-beta8");
+CString Vant::swVer(VANT_VERSION_TEXT); // from the build, as the version in the DLL's properties
 CString Vant::hwVer(L"0.00");
 CString Vant::appVer(L"0.00");
 CString Vant::helpFile(L"C:\\Tolk\\Vant\\Help\\VantApp.chm");

@@ -1,0 +1,36 @@
+# The version: the project's numbers, and the text that users see, Vant::swVer, made from them.
+include_guard()
+
+set(VANT_VERSION_STAGE "-beta8") # empty for a release
+set(minor ${PROJECT_VERSION_MINOR})
+if(minor LESS 10)
+  string(PREPEND minor 0)
+endif()
+set(VANT_VERSION_TEXT ${PROJECT_VERSION_MAJOR}.${minor}${VANT_VERSION_STAGE})
+
+# vant_version_resource(TARGET DESCRIPTION): what Explorer shows of the file, and for a DLL its manifest.
+function(vant_version_resource target description)
+  get_target_property(type ${target} TYPE)
+  set(VANT_VERSION_NAME ${target})
+  set(VANT_VERSION_DESCRIPTION ${description})
+  set(VANT_VERSION_FILE ${PROJECT_VERSION}.0)
+  string(REPLACE . , VANT_VERSION_NUMBERS ${VANT_VERSION_FILE})
+  set(VANT_VERSION_FLAGS 0)
+  if(VANT_VERSION_STAGE)
+    set(VANT_VERSION_FLAGS VS_FF_PRERELEASE)
+  endif()
+  set(VANT_VERSION_TYPE VFT_APP)
+  set(VANT_VERSION_FILENAME ${target}.exe)
+  set(script ${CMAKE_CURRENT_BINARY_DIR}/${target}.version.rc)
+  if(type STREQUAL SHARED_LIBRARY)
+    set(VANT_VERSION_TYPE VFT_DLL)
+    set(VANT_VERSION_FILENAME ${target}.dll)
+    set(manifest ${CMAKE_CURRENT_BINARY_DIR}/${target}.manifest)
+    configure_file(${PROJECT_SOURCE_DIR}/cmake/Library.manifest.in ${manifest} @ONLY)
+    # 2 is the number of a DLL's manifest, 24 their type.
+    set(VANT_VERSION_MANIFEST "\n2 24 \"${manifest}\"")
+    set_source_files_properties(${script} PROPERTIES OBJECT_DEPENDS ${manifest})
+  endif()
+  configure_file(${PROJECT_SOURCE_DIR}/cmake/Version.rc.in ${script} @ONLY)
+  target_sources(${target} PRIVATE ${script})
+endfunction()
