@@ -74,4 +74,3 @@ target_link_libraries(VantAfx INTERFACE VantAfxMain)
 target_link_options(VantAfx INTERFACE "$<$<STREQUAL:$<TARGET_PROPERTY:TYPE>,EXECUTABLE>:LINKER:-u,WinMain>")
 # Circular only in appearance: the DLL itself links nothing of this.
 target_link_libraries(VantAfxMain INTERFACE VantAfx)
-install(TARGETS VantAfxMain EXPORT VantCoreTargets ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
