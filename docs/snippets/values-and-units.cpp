@@ -165,13 +165,14 @@ void Knots()
 }
 
 // [position]
-// A latitude in degrees and decimal minutes: "54°32.2037'N". It is given in radians, positive to the north.
+// A latitude, radians to the north, in degrees and decimal minutes: "54°32.2037'N".
 CString LatitudeText(double rad)
 {
     constexpr int perDegree = 600000; // ten-thousandths of a minute: round once, then cut into parts
     const int all = static_cast<int>(ML::Rnd(std::fabs(rad) * ML::r2d * perDegree));
     CString text;
-    text.Format(L"%02d\u00b0%07.4f'%c", all / perDegree, all % perDegree / 10000.0, rad < 0 ? L'S' : L'N');
+    const wchar_t side = rad < 0 ? L'S' : L'N';
+    text.Format(L"%02d\u00b0%07.4f'%c", all / perDegree, all % perDegree / 10000.0, side);
     return text;
 }
 // [position]

@@ -96,7 +96,8 @@ public:
         dc->FillRect(r, &Vant::blackB);
         dc->SelectObject(&Vant::cyanL);
         for (int at = r.left; at < r.right; ++at) { // units, at every scale
-            const CPoint to(at, r.CenterPoint().y + static_cast<int>(std::lround(18 * std::sin(at / 25.0))));
+            const auto wave = static_cast<int>(std::lround(18 * std::sin(at / 25.0)));
+            const CPoint to(at, r.CenterPoint().y + wave);
             if (at == r.left)
                 dc->MoveTo(to);
             dc->LineTo(to);
@@ -117,7 +118,8 @@ public:
     // [message]
     void OnDefaults()
     {
-        if (Vant::MsgBox(Vant::msgModal | Vant::msgYesNo, L"Set range and gate to\ntheir defaults?") != IDYES)
+        const int question = Vant::msgModal | Vant::msgYesNo;
+        if (Vant::MsgBox(question, L"Set range and gate to\ntheir defaults?") != IDYES)
             return;
         m_range = 75;
         m_gate = 2;
