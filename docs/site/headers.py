@@ -126,6 +126,6 @@ def for_doxygen(source, group):
     text = Reader().read(INTERNAL_BASE.sub("public CECtrl", source))
     text = text.replace("#pragma once", f"/** @addtogroup {group} */ /** @{{ */", 1)
     classes, end, definitions = text.rpartition("\n};\n")
-    if "::" in definitions:  # of templates' members, which are told in the class
+    if end and "::" in definitions:  # of templates' members, which are told in the class
         return f"{classes}{end}/** @}} */ /** @cond */{definitions}/** @endcond */\n"
     return text + "/** @} */\n"
