@@ -1,7 +1,7 @@
 #pragma once
 
 #include "controls/ControlsTest.h"
-#include "examples/gallery/Pose.h"
+#include "gallery/Pose.h"
 
 #include <functional>
 #include <memory>

@@ -2,6 +2,7 @@
 // the documentation.
 //
 //   VantPictures FOLDER
+#include "pictures/Scenes.h"
 #include "pictures/ShownWindows.h"
 
 #include <atlimage.h>
@@ -39,6 +40,15 @@ public:
 
     bool Failed() const { return m_failed; }
 
+    CString Path(const wchar_t* file) const { return m_folder + L"\\" + file; }
+
+    /** Tells of a file that was written, or was to be. */
+    void Report(const CString& path, bool isSaved)
+    {
+        std::printf("%ls%s\n", static_cast<LPCWSTR>(path), isSaved ? "" : ": could not be written");
+        m_failed |= !isSaved;
+    }
+
     /** Saves a rectangle of the screen, so that what stands over a window is in its picture. */
     void SaveScreen(const CRect& place, const wchar_t* file)
     {
@@ -53,10 +63,8 @@ public:
         ::BitBlt(image.GetDC(), 0, 0, place.Width(), place.Height(), screen, place.left, place.top, SRCCOPY);
         image.ReleaseDC();
         ::ReleaseDC(nullptr, screen);
-        const CString path = m_folder + L"\\" + file;
-        const bool saved = SUCCEEDED(image.Save(path));
-        std::printf("%ls%s\n", static_cast<LPCWSTR>(path), saved ? "" : ": could not be written");
-        m_failed |= !saved;
+        const CString path = Path(file);
+        Report(path, SUCCEEDED(image.Save(path)));
     }
 
     void Save(const CWnd& wnd, const wchar_t* file)
@@ -296,6 +304,15 @@ void TakeMessages(CPictures& pictures)
                  L"The survey is still being recorded.\nStop it and close the program?");
 }
 
+void TakeScenes(CPictures& pictures)
+{
+    const CString chart = pictures.Path(L"view-chart.png");
+    const CString scene = pictures.Path(L"view-scene.png");
+    const CString materials = pictures.Path(L"materials.png");
+    pictures.Report(chart + L", " + scene, TakeViews(chart, scene));
+    pictures.Report(materials, TakeMaterials(materials));
+}
+
 } // namespace
 
 int main(int argc, char* argv[])
@@ -318,6 +335,7 @@ int main(int argc, char* argv[])
     TakePanel(pictures);
     TakeConsoles(pictures);
     TakeMessages(pictures);
+    TakeScenes(pictures);
     Vant::Exit();
     return pictures.Failed() ? 1 : 0;
 }

@@ -1,5 +1,7 @@
-// Draws the twenty preset materials on one model, off screen, and saves them as one picture.
-#include "CKnot.h"
+// The twenty preset materials on one model, drawn off screen and put together on one sheet. Each is drawn
+// three times as large as it is shown, which smooths its edges.
+#include "pictures/CKnot.h"
+#include "pictures/Scenes.h"
 
 #include <atlimage.h>
 
@@ -8,7 +10,6 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
-#include <cstdio>
 #include <iterator>
 
 namespace
@@ -126,7 +127,9 @@ void Caption(CImage& sheet, CRect place, const CString& text)
     sheet.ReleaseDC();
 }
 
-bool MakeSheet(const CString& file)
+} // namespace
+
+bool TakeMaterials(const CString& file)
 {
     const int count = static_cast<int>(std::size(CMdl::s_defaultMtrl));
     const int rows = (count + columns - 1) / columns;
@@ -168,30 +171,3 @@ bool MakeSheet(const CString& file)
     }
     return SUCCEEDED(sheet.Save(file));
 }
-
-class CMaterialsApp : public CBaseApp
-{
-public:
-    BOOL InitInstance() override
-    {
-        Vant::Init();
-        const CString file = __argc > 1 ? CString(__wargv[1]) : CString(L"materials.png");
-        m_isMade = MakeSheet(file);
-        std::printf(m_isMade ? "%ls\n" : "%ls could not be made\n", static_cast<LPCWSTR>(file));
-        Vant::Exit();
-        return FALSE; // there is no window to wait for
-    }
-
-    int ExitInstance() override
-    {
-        CBaseApp::ExitInstance();
-        return m_isMade ? 0 : 1;
-    }
-
-private:
-    bool m_isMade = false;
-};
-
-CMaterialsApp theApp;
-
-} // namespace
