@@ -1,11 +1,12 @@
-// A jog dial that steps through the controls of a sonar and adjusts them.
+// jogdial: a dial that steps through the controls of a sonar and adjusts them.
+//
+// CRcMgr takes orders, which are information messages; the control that it is at glows. The dial gives some,
+// the keypad with Ctrl others (CRcKeys). The wheel turns the dial, a click presses it. docs/remote-control.md
 #include <VantCore.h>
 
 #include <cmath>
+#include <cstdio>
 #include <memory>
-
-namespace
-{
 
 /** The dial, drawn. The driver of a real one gives the same orders, on the thread of the windows. */
 class CDial : public CECtrl
@@ -23,15 +24,18 @@ public:
 
     void Draw(CDC* dc) override
     {
+        const auto disc = [dc](CRect place, int smaller, CBrush& brush) {
+            place.DeflateRect(smaller, smaller);
+            dc->SelectObject(&brush);
+            dc->Ellipse(place);
+        };
         CRect mark = ClientRc();
-        mark.DeflateRect(52, 52);
-        mark.OffsetRect(static_cast<int>(40 * std::sin(angle)), static_cast<int>(-40 * std::cos(angle)));
+        mark.OffsetRect(static_cast<int>(36 * std::sin(angle)), static_cast<int>(-36 * std::cos(angle)));
         DrawBack(dc);
-        dc->SelectObject(&Vant::lightL);
-        dc->SelectObject(&Vant::blackB);
-        dc->Ellipse(ClientRc());
-        dc->SelectObject(&Vant::cyanB);
-        dc->Ellipse(mark);
+        dc->SelectObject(&Vant::medL);
+        disc(ClientRc(), 0, Vant::greyB);
+        disc(ClientRc(), 8, Vant::tealB);
+        disc(mark, 50, Vant::cyanB);
     }
 
 protected:
@@ -99,23 +103,21 @@ private:
 
 class CJogApp : public CBaseApp
 {
-public:
     BOOL InitInstance() override
     {
         Vant::Init();
         m_wnd = std::make_unique<CSonarWnd>();
-        const DWORD frame = __argc < 2 ? WS_OVERLAPPEDWINDOW : WS_POPUP;
-        if (!m_wnd->CreateWnd(L"Jog dial", frame | WS_VISIBLE, CRect(100, 100, 560, 320)))
-            return FALSE;
+        m_isGood = m_wnd->CreateWnd(L"Jog dial", WS_OVERLAPPEDWINDOW | WS_VISIBLE, CRect(100, 100, 560, 360));
         m_pMainWnd = m_wnd.get();
         m_wnd->UpdCtrls();
-        if (__argc < 2)
-            return TRUE;
+        if (!m_isGood || __argc < 3) // jogdial --picture FILE
+            return m_isGood;
         m_wnd->dial->Turn(1, CRcMgr::infoNextCtrl); // the range glows
         m_wnd->dial->Turn(1, CRcMgr::infoInc);
         m_wnd->dial->Turn(1, CRcMgr::infoNextCtrl);
         m_wnd->RedrawWnd();
-        m_isGood = m_wnd->range == 60 && Vant::PrintScn(__wargv[1]);
+        m_isGood = Vant::PrintScn(__wargv[2]);
+        std::printf(m_isGood ? "range %.0f m, %ls\n" : "no picture\n", m_wnd->range, __wargv[2]);
         return FALSE;
     }
 
@@ -137,12 +139,7 @@ public:
         return m_isGood ? 0 : 1;
     }
 
-private:
     CRcKeys m_keys;
     std::unique_ptr<CSonarWnd> m_wnd;
-    bool m_isGood = true;
-};
-
-CJogApp theApp;
-
-} // namespace
+    BOOL m_isGood = FALSE;
+} theApp;

@@ -1,56 +1,62 @@
-// Draws a scanning sonar off screen, frame by frame, into a video.
+// recorder: a scanning sonar on the screen, and what it shows in a video.
+//
+//   recorder [FILE.avi]     sweep.avi without a name
+// The same Render() draws the window and, off screen in the size of the video (InitPB, CapPB), the frames
+// that CEAvi takes: 50 in a second. docs/video.md tells of long recordings, and of what a crash leaves.
 #include <VantCore.h>
 
 #include <atlimage.h>
 
 #include <GL/gl.h>
-
 #include <cmath>
 #include <cstdio>
+#include <memory>
+#include <string>
 
-namespace
-{
-
-constexpr int width = 640;
-constexpr int height = 480;
-constexpr int depth = 32;                // bits per pixel, as CapPB() wants them
-constexpr double secondsPerFrame = 0.02; // an AVI file of CEAvi plays 50 frames per second
-constexpr double secondsPerTurn = 4;
-constexpr int usualFrames = 500; // ten seconds
-constexpr double range = 50;     // metres
+constexpr double range = 50; // metres
 
 struct Echo {
-    double bearing, distance, size; // radians clockwise from the top, metres, metres
-};
-constexpr Echo echoes[] = {{0.6, 31, 1.4}, {1.1, 18, 0.9}, {2.9, 40, 2.0}, {3.4, 24, 1.1}, {5.2, 36, 1.6}};
+    double bearing, distance; // radians clockwise from the top, metres
+} constexpr echoes[] = {{0.4, 36}, {0.6, 31}, {1.1, 18}, {1.3, 22}, {2.4, 37},
+                        {2.5, 40}, {3.4, 24}, {4.4, 12}, {5.2, 36}, {5.3, 30}};
 
 class CSweep : public CGLWnd
 {
 public:
-    double tm = 0; // seconds
+    BOOL Begin(const CString& file, int frames)
+    {
+        m_toCome = frames;
+        return InitPB(CClientDC(this), 400, 400) && m_image.Create(400, 400, 32) && m_avi.Open(file);
+    }
+
+    /** Goes on by a frame. @return whether it was recorded */
+    bool Step()
+    {
+        m_tm += 0.02; // an AVI file plays 50 frames per second
+        RedrawWnd();
+        if (m_toCome > 0 && CapPB(m_image) && m_avi.AddDib(m_image))
+            return m_toCome-- > 0;
+        m_toCome = 0;
+        m_avi.Close(); // it is complete, or the disk is
+        return false;
+    }
 
     void Render() override
     {
+        const double high = range * 1.15;
+        const double wide = high * ViewRc().Width() / std::abs(ViewRc().Height());
+        const double beam = std::fmod(m_tm / 4, 1) * ML::pi2;
         glClearColor(0, 0.07F, 0.15F, 1);
-        glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
-        glMatrixMode(GL_PROJECTION);
+        glClear(GL_COLOR_BUFFER_BIT);
         glLoadIdentity();
-        const double high = range * 1.12;
-        const double wide = high * width / height;
         glOrtho(-wide, wide, -high, high, -1, 1);
-        glMatrixMode(GL_MODELVIEW);
-        glLoadIdentity();
         glEnable(GL_BLEND);
         glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
-        const double beam = std::fmod(tm / secondsPerTurn, 1) * ML::pi2;
         DrawFan(beam);
         DrawRings();
-        for (const Echo& echo : echoes)
-            DrawEcho(echo, beam);
+        DrawEchoes(beam);
         glColor3d(0.96, 0.96, 0.96);
-        CString text;
-        text.Format(L"%05.1f\u00B0  %.1f s", ML::R2D(beam), tm);
-        XyText(-wide + 2, -high + 2, 0, 6, alignLeft, text);
+        XyText(2 - wide, 2 - high, 0, 5, alignLeft, m_toCome > 0 ? L"Recording" : L"Recorded");
     }
 
 private:
@@ -61,90 +67,83 @@ private:
 
     static void DrawFan(double beam)
     {
-        constexpr int steps = 90;
-        constexpr double trail = 1.4; // radians
         glBegin(GL_TRIANGLE_STRIP);
-        for (int i = 0; i <= steps; ++i) {
-            const double age = static_cast<double>(i) / steps;
-            glColor4d(0.15, 0.75, 0.75, 0.55 * (1 - age) * (1 - age));
+        for (int degrees = 0; degrees <= 80; ++degrees) { // of trail
+            glColor4d(0.15, 0.75, 0.75, 0.55 * ML::Sqr(1 - degrees / 80.0));
             glVertex2d(0, 0);
-            Point(beam - age * trail, range);
+            Point(beam - ML::D2R(degrees), range);
         }
         glEnd();
     }
 
     static void DrawRings()
     {
-        constexpr int rings = 5;
-        for (int i = 1; i <= rings; ++i) {
-            const double radius = range * i / rings;
-            glColor4d(0.38, 0.61, 0.98, i == rings ? 0.9 : 0.35);
+        for (int radius = 10; radius <= range; radius += 10) {
+            glColor4d(0.38, 0.61, 0.98, radius < range ? 0.35 : 0.9);
             glBegin(GL_LINE_LOOP);
             for (int degrees = 0; degrees < 360; degrees += 3)
                 Point(ML::D2R(degrees), radius);
             glEnd();
-            CString text;
-            text.Format(L"%.0f", radius);
-            XyText(0.8, radius + 0.6, 0, 4, alignLeft, text);
+            XyText(0.8, radius + 0.6, 0, 4, alignLeft, std::to_wstring(radius).c_str());
         }
     }
 
-    static void DrawEcho(const Echo& echo, double beam)
+    void DrawEchoes(double beam) const
     {
-        // 1 when the beam has just passed, 0 a turn later.
-        const double fresh = 1 - std::fmod(beam - echo.bearing + 2 * ML::pi2, ML::pi2) / ML::pi2;
-        glColor4d(1, 0.75, 0.3, fresh * fresh);
-        glPushMatrix();
-        glTranslated(std::sin(echo.bearing) * echo.distance, std::cos(echo.bearing) * echo.distance, 0);
-        glBegin(GL_TRIANGLE_FAN);
-        for (int degrees = 0; degrees < 360; degrees += 15)
-            Point(ML::D2R(degrees), echo.size);
+        glEnable(GL_POINT_SMOOTH);
+        glPointSize(static_cast<float>(ViewRc().Width()) / 40);
+        glBegin(GL_POINTS);
+        for (const Echo& echo : echoes) {
+            const double turnsAgo = std::fmod(beam - echo.bearing + ML::pi2, ML::pi2) / ML::pi2;
+            glColor4d(1, 0.75, 0.3, 1 - turnsAgo);
+            Point(echo.bearing, echo.distance);
+        }
         glEnd();
-        glPopMatrix();
     }
-};
 
-int Record(CSweep& sweep, LPCWSTR path, int frames)
-{
-    CClientDC dc(&sweep);
-    CImage image;
-    CEAvi avi;
-    if (!sweep.InitPB(dc, width, height) || !image.Create(width, height, depth) || !avi.Open(path))
-        return 0;
-    for (int i = 0; i < frames; ++i) {
-        sweep.tm = i * secondsPerFrame;
-        if (!sweep.CapPB(image) || !avi.AddDib(image))
-            return 0;
-    }
-    return 1;
-}
+    CEAvi m_avi;
+    CImage m_image;
+    int m_toCome = 0; // frames
+    double m_tm = 0;  // seconds
+};
 
 class CRecorderApp : public CBaseApp
 {
-public:
     BOOL InitInstance() override
     {
         Vant::Init();
-        const LPCWSTR path = __argc > 1 ? __wargv[1] : L"sweep.avi";
-        CSweep sweep;
-        m_isGood = sweep.CreateWnd(L"Recorder", WS_POPUP, CRect(0, 0, 64, 64)) &&
-                   Record(sweep, path, __argc > 2 ? ::_wtoi(__wargv[2]) : usualFrames);
-        std::printf(m_isGood ? "%ls\n" : "%ls could not be written\n", path);
-        sweep.DestroyWindow();
-        return FALSE; // there is no window to wait for
+        m_wnd = std::make_unique<CSweep>();
+        m_pMainWnd = m_wnd.get();
+        const CRect place(100, 100, 616, 640);
+        m_isGood = m_wnd->CreateWnd(L"Recorder", WS_OVERLAPPEDWINDOW | WS_VISIBLE, place) &&
+                   m_wnd->Begin(__argc == 2 ? __wargv[1] : L"sweep.avi", __argc < 3 ? 500 : 75);
+        return m_isGood;
+    }
+
+    BOOL OnIdle(LONG count) override
+    {
+        CBaseApp::OnIdle(count);
+        if (m_wnd->Step()) {
+            ++m_frames;
+        } else if (__argc > 2) {
+            m_isGood = Vant::PrintScn(__wargv[2]);
+            std::printf(m_isGood ? "%ls\n" : "%ls could not be written\n", __wargv[2]);
+            m_wnd->PostMessage(WM_CLOSE);
+        }
+        ::Sleep(10);
+        return TRUE;
     }
 
     int ExitInstance() override
     {
+        m_wnd.reset();
+        std::printf("%d frames recorded\n", m_frames);
         Vant::Exit();
         CBaseApp::ExitInstance();
         return m_isGood ? 0 : 1;
     }
 
-private:
-    bool m_isGood = false;
-};
-
-CRecorderApp theApp;
-
-} // namespace
+    std::unique_ptr<CSweep> m_wnd;
+    int m_frames = 0; // recorded
+    BOOL m_isGood = FALSE;
+} theApp;

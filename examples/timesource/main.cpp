@@ -1,23 +1,18 @@
-// A source of time of one's own: a receiver that sends the time once a second, a little late and not always
-// right. The program prints what the library makes of it.
+// timesource: a source of time of one's own, and what the library makes of its readings.
 //
-//   timesource [SECONDS]     8 at first
+// A receiver sends the time once a second, up to 40 ms late, and every fifth message is wrong. PollTm() must
+// not wait for a port: a thread of its own reads that, and a poll tells the time of the last message plus
+// what has passed since. TmSync fits a line to the last 60 readings, and GetTm() converts a time stamp by it.
 #include <VantCore.h>
 
-#include <atomic>
 #include <cstdio>
-#include <cstdlib>
+#include <memory>
 #include <mutex>
 #include <random>
 #include <thread>
 
-namespace
-{
-
 constexpr double ahead = 0.3; // seconds that the receiver's clock is ahead of the PC's
 
-/** The receiver as TmSync sees it. Its messages are read elsewhere, since PollTm() must not wait for a port;
- * a poll tells the time of the last one, and adds what has passed since it came. */
 class CReceiver : public CTmFn
 {
 public:
@@ -30,15 +25,13 @@ public:
         const std::lock_guard lock(m_guard);
         m_time = time;
         m_came = now;
-        m_isHeard = true;
     }
 
     int PollTm(double& value) override
     {
-        constexpr double stale = 5.0; // seconds without a message
         const double now = TmSync::GetPc();
         const std::lock_guard lock(m_guard);
-        if (!m_isHeard || now - m_came > stale)
+        if (m_time == 0 || now - m_came > 5) // nothing was heard for a while
             return 0;
         value = m_time + (now - m_came);
         return 1;
@@ -46,84 +39,111 @@ public:
 
 private:
     std::mutex m_guard;
-    double m_time = 0.0;
-    double m_came = 0.0;
-    bool m_isHeard = false;
+    double m_time = 0;
+    double m_came = 0;
 };
 
-/** Stands for the port: a message per second, up to 20 ms late, and every seventh one garbled. */
-void ReadPort(CReceiver& receiver, const std::atomic<bool>& stop)
+/** Stands for the port. */
+void ReadPort(const std::stop_token& stop, CReceiver& receiver)
 {
     std::mt19937 random(1);
-    std::uniform_real_distribution<> late(0.0, 0.02);
-    for (int n = 1; !stop; ++n) {
+    std::uniform_real_distribution<> late(0, 0.04);
+    for (int n = 1; !stop.stop_requested(); ++n) {
         const double sent = TmSync::GetClock() + ahead;
         std::this_thread::sleep_for(std::chrono::duration<double>(late(random)));
-        receiver.OnMessage(n % 7 == 0 ? sent + 100.0 : sent);
+        receiver.OnMessage(n % 5 == 4 ? sent + 0.08 : sent);
         std::this_thread::sleep_for(std::chrono::seconds(1));
     }
 }
 
-} // namespace
+class CTimeWnd : public CVantWnd
+{
+public:
+    CTimeWnd()
+    {
+        name = L"Time";
+        TmSync::AddTmFn(&m_receiver);
+    }
+
+    void SetupCtrls() override
+    {
+        ctrlH = 260;
+        m_chart = static_cast<CEChart*>(NewCtrl(600, CECtrl::typeChart));
+        CEStrip* const strip = m_chart->AddStrip(L"Receiver ahead of the PC, ms");
+        strip->range = CEStrip::rangeFixed;
+        strip->rangeMin = 200;
+        strip->rangeMax = 400;
+        m_chart->AddTrace(L"As it reads", strip)->colour = Vant::med;
+        m_chart->AddTrace(L"By the fit", strip)->width = 2.5;
+        m_chart->SetSpan(12);
+        SetCtrlY(curY + ctrlH + 8);
+        ctrlH = 20;
+        InsCtrl(600, CECtrl::typeText, m_line);
+    }
+
+    /** What the receiver reads now, and what it should read by the fit. */
+    void Show(double now)
+    {
+        const double pc = now + TmSync::base80; // seconds since 1970
+        double reading = 0;
+        double slope = 0;
+        double offset = 0;
+        if (!m_receiver.PollTm(reading) || !m_receiver.GetMC(slope, offset))
+            return;
+        m_chart->Add(0, now, 1000 * (reading - pc));
+        m_chart->Add(1, now, 1000 * (slope * now + offset - pc));
+        const double off = m_receiver.GetTm(pc + ahead) - now; // of a time stamp that it gives now
+        m_line.Format(L"rate %.6f, ahead %.1f ms, a time stamp is converted %.1f ms off", slope,
+                      1000 * (slope * now + offset - pc), 1000 * off);
+        UpdateLabels();
+        if (std::exchange(m_second, static_cast<int>(TmSync::GetPc())) != m_second)
+            std::printf("%ls\n", m_line.GetString());
+    }
+
+private:
+    CReceiver m_receiver;
+    CEChart* m_chart = nullptr;
+    CString m_line;
+    int m_second = 0;                                    // since the start, that the line was printed for
+    std::jthread m_port{ReadPort, std::ref(m_receiver)}; // ends before the receiver goes
+};
 
 class CTimeApp : public CBaseApp
 {
-public:
     BOOL InitInstance() override
     {
         Vant::Init();
-        m_good = Run(__argc > 1 ? std::atoi(__argv[1]) : 8);
-        Vant::Exit();
-        return FALSE; // there is no window to wait for
+        TmSync::interval = 100; // milliseconds; the usual second would be a long time to watch
+        if (!TmSync::Init())
+            return FALSE;
+        m_wnd = std::make_unique<CTimeWnd>();
+        m_pMainWnd = m_wnd.get();
+        const CRect place(100, 100, 736, 440);
+        return m_isGood = m_wnd->CreateWnd(L"Time source", WS_OVERLAPPEDWINDOW | WS_VISIBLE, place);
+    }
+
+    BOOL OnIdle(LONG count) override
+    {
+        CBaseApp::OnIdle(count);
+        m_wnd->Show(TmSync::GetTm());
+        ::Sleep(20);
+        if (__argc > 2 && TmSync::GetPc() > 12) { // timesource --picture FILE
+            m_isGood = Vant::PrintScn(__wargv[2]);
+            std::printf(m_isGood ? "%ls\n" : "%ls could not be written\n", __wargv[2]);
+            m_wnd->PostMessage(WM_CLOSE);
+        }
+        return TRUE;
     }
 
     int ExitInstance() override
     {
+        TmSync::Exit(); // before the sources go
+        m_wnd.reset();
+        Vant::Exit();
         CBaseApp::ExitInstance();
-        return m_good ? 0 : 1;
+        return m_isGood ? 0 : 1;
     }
 
-private:
-    static bool Run(int seconds)
-    {
-        TmSync::interval = 100; // ms; the usual second would be a long time to watch
-        if (!TmSync::Init())
-            return false;
-        CReceiver receiver;
-        CTmFnSteady steady(receiver); // reads as the receiver does on the average
-        TmSync::AddTmFn(&receiver);
-        TmSync::AddTmFn(&steady);
-
-        std::atomic<bool> stop = false;
-        std::thread port([&] { ReadPort(receiver, stop); });
-        for (int i = 0; i < seconds; ++i) {
-            std::this_thread::sleep_for(std::chrono::seconds(1));
-            PrintStatus();
-        }
-        stop = true;
-        port.join();
-        const bool hasEnded = TmSync::Exit() != 0; // before the sources go
-
-        // A time stamp of the receiver, in the time base and as a date.
-        const double stamp = TmSync::GetClock() + ahead;
-        const CTm80 time = steady.GetTm(stamp);
-        std::printf("\nThe receiver's %.3f is %.3f here: %ls\n", stamp, static_cast<double>(time),
-                    time.Format(L"%d.%m.%Y %H:%M:%S").GetString());
-        return hasEnded;
-    }
-
-    /** The status lines, as the status console keeps them for its window. */
-    static void PrintStatus()
-    {
-        for (const unsigned long id : {4002UL, 4100UL, 4101UL, 4102UL}) {
-            CECEntry entry;
-            if (Vant::status.GetEntry(id, entry))
-                std::printf("%ls\n", entry.text.GetString());
-        }
-        std::printf("\n");
-    }
-
-    bool m_good = false;
-};
-
-CTimeApp theApp;
+    std::unique_ptr<CTimeWnd> m_wnd;
+    BOOL m_isGood = FALSE;
+} theApp;
