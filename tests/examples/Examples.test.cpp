@@ -40,31 +40,70 @@ protected:
 
     fs::path File(const wchar_t* name) const { return m_dir / name; }
 
-    /** Runs an example to its end. @return what it says */
-    std::string Run(const std::wstring& example, const std::wstring& arguments)
+    /** Starts an example. Its output goes to a file. */
+    void Start(const std::wstring& example, const std::wstring& arguments)
     {
         const fs::path exe = Programs() / (example + L".exe");
         std::wstring line = L"\"" + exe.wstring() + L"\" " + arguments;
         SECURITY_ATTRIBUTES inherit{sizeof inherit, nullptr, TRUE};
-        const fs::path said = File(L"said.txt");
         STARTUPINFOW start{};
         start.cb = sizeof start;
         start.dwFlags = STARTF_USESTDHANDLES;
-        start.hStdOutput = start.hStdError =
-            ::CreateFileW(said.c_str(), GENERIC_WRITE, FILE_SHARE_READ, &inherit, CREATE_ALWAYS, 0, nullptr);
-        PROCESS_INFORMATION process{};
+        start.hStdOutput = start.hStdError = ::CreateFileW(m_said.c_str(), GENERIC_WRITE, FILE_SHARE_READ,
+                                                           &inherit, CREATE_ALWAYS, 0, nullptr);
         EXPECT_TRUE(::CreateProcessW(exe.c_str(), line.data(), nullptr, nullptr, TRUE, 0, nullptr,
-                                     m_dir.c_str(), &start, &process))
+                                     m_dir.c_str(), &start, &m_process))
             << "error " << ::GetLastError();
-        if (::WaitForSingleObject(process.hProcess, patience) != WAIT_OBJECT_0)
-            ::TerminateProcess(process.hProcess, 99);
-        ::WaitForSingleObject(process.hProcess, patience);
-        ::GetExitCodeProcess(process.hProcess, &exitCode);
-        ::CloseHandle(process.hThread);
-        ::CloseHandle(process.hProcess);
         ::CloseHandle(start.hStdOutput);
-        std::ifstream file(said);
+    }
+
+    /** The window of the example that was started, once it is visible. */
+    HWND Window() const
+    {
+        struct Search {
+            DWORD process;
+            HWND wnd;
+        } search{m_process.dwProcessId, nullptr};
+        for (DWORD waited = 0; waited < patience && !search.wnd; waited += 50) {
+            ::Sleep(50);
+            ::EnumWindows(
+                [](HWND wnd, LPARAM param) -> BOOL {
+                    auto& s = *reinterpret_cast<Search*>(param);
+                    DWORD process = 0;
+                    ::GetWindowThreadProcessId(wnd, &process);
+                    if (process == s.process && ::IsWindowVisible(wnd))
+                        s.wnd = wnd;
+                    return s.wnd == nullptr;
+                },
+                reinterpret_cast<LPARAM>(&search));
+        }
+        return search.wnd;
+    }
+
+    /** Whether it goes on by itself for a while. */
+    bool StaysOpen() const
+    {
+        constexpr DWORD aWhile = 700; // milliseconds
+        return ::WaitForSingleObject(m_process.hProcess, aWhile) == WAIT_TIMEOUT;
+    }
+
+    /** Waits for its end. @return what it has said */
+    std::string Finish()
+    {
+        if (::WaitForSingleObject(m_process.hProcess, patience) != WAIT_OBJECT_0)
+            ::TerminateProcess(m_process.hProcess, 99);
+        ::WaitForSingleObject(m_process.hProcess, patience);
+        ::GetExitCodeProcess(m_process.hProcess, &exitCode);
+        ::CloseHandle(m_process.hThread);
+        ::CloseHandle(m_process.hProcess);
+        std::ifstream file(m_said);
         return {std::istreambuf_iterator<char>(file), {}};
+    }
+
+    std::string Run(const std::wstring& example, const std::wstring& arguments)
+    {
+        Start(example, arguments);
+        return Finish();
     }
 
     /** Runs it for its picture, which must show something. */
@@ -111,7 +150,24 @@ private:
 
     const ScreenLock m_screen;
     const fs::path m_dir;
+    const fs::path m_said = m_dir / "said.txt";
+    PROCESS_INFORMATION m_process{};
 };
+
+/** What a window shows, as the colours of some of its pixels. */
+std::vector<COLORREF> Shown(HWND wnd)
+{
+    std::vector<COLORREF> colours;
+    CRect client;
+    ::GetClientRect(wnd, client);
+    const HDC dc = ::GetDC(wnd);
+    constexpr int apart = 20; // pixels
+    for (int y = 0; y < client.Height(); y += apart)
+        for (int x = 0; x < client.Width(); x += apart)
+            colours.push_back(::GetPixel(dc, x, y));
+    ::ReleaseDC(wnd, dc);
+    return colours;
+}
 
 /** The numbers of each line that a pattern matches. */
 std::vector<std::vector<double>> Numbers(const std::string& said, const char* pattern)
@@ -130,6 +186,21 @@ TEST_F(Examples, SayThatAPictureCouldNotBeWritten)
 {
     EXPECT_THAT(Run(L"hello", L"--picture no-such-folder\\picture.png"), HasSubstr("could not be written"));
     EXPECT_NE(exitCode, 0U);
+}
+
+TEST_F(Examples, StayOpenForTheirUserAndEndWithTheirWindow)
+{
+    for (const wchar_t* const example :
+         {L"chart", L"form", L"hello", L"jogdial", L"model", L"plot", L"recorder", L"timesource"}) {
+        Start(example, L"");
+        const HWND wnd = Window();
+        EXPECT_TRUE(StaysOpen()) << example;
+        ::PostMessageW(wnd, WM_CLOSE, 0, 0);
+        const std::string said = Finish();
+        EXPECT_EQ(exitCode, 0U) << example << "\n" << said;
+    }
+    EXPECT_TRUE(fs::exists(File(L"form.xml")));
+    EXPECT_GT(fs::file_size(File(L"sweep.avi")), 640'000U); // a recording that is cut off keeps its frames
 }
 
 TEST_F(Examples, HelloShowsAValue)
@@ -206,6 +277,25 @@ TEST_F(Examples, ModelTellsWhatAModelIsMadeOf)
     EXPECT_THAT(Run(L"model", L"no-such.3ds --picture picture.png"),
                 HasSubstr("no-such.3ds could not be shown"));
     EXPECT_NE(exitCode, 0U);
+}
+
+TEST_F(Examples, ModelIsPaintedWithPresetsByAKey)
+{
+    Start(L"model", L"");
+    const HWND wnd = Window();
+    EXPECT_TRUE(StaysOpen());
+    const std::vector<COLORREF> own = Shown(wnd);
+    ::PostMessageW(wnd, WM_KEYDOWN, 'M', 1);
+    EXPECT_TRUE(StaysOpen());
+    EXPECT_NE(Shown(wnd), own);
+    constexpr int presets = 20;
+    for (int i = 0; i < presets; ++i)
+        ::PostMessageW(wnd, WM_KEYDOWN, 'M', 1);
+    EXPECT_TRUE(StaysOpen());
+    EXPECT_EQ(Shown(wnd), own); // after the last one its own again
+    ::PostMessageW(wnd, WM_CLOSE, 0, 0);
+    Finish();
+    EXPECT_EQ(exitCode, 0U);
 }
 
 TEST_F(Examples, RecorderWritesAVideoOfItsFrames)
