@@ -75,7 +75,7 @@ public:
         strip->rangeMax = 400;
         m_chart->AddTrace(L"As it reads", strip)->colour = Vant::med;
         m_chart->AddTrace(L"By the fit", strip)->width = 2.5;
-        m_chart->SetSpan(12);
+        m_chart->SetSpan(10);
         SetCtrlY(curY + ctrlH + 8);
         ctrlH = 20;
         InsCtrl(600, CECtrl::typeText, m_line);
@@ -85,26 +85,26 @@ public:
     void Show(double now)
     {
         const double pc = now + TmSync::base80; // seconds since 1970
-        double reading = 0;
-        double slope = 0;
-        double offset = 0;
-        if (!m_receiver.PollTm(reading) || !m_receiver.GetMC(slope, offset))
-            return;
+        double reading = 0, slope = 0, offset = 0;
+        if (TmSync::GetPc() < 1 || !m_receiver.PollTm(reading) || !m_receiver.GetMC(slope, offset))
+            return; // no line is good for anything before its third reading
         m_chart->Add(0, now, 1000 * (reading - pc));
         m_chart->Add(1, now, 1000 * (slope * now + offset - pc));
         const double off = m_receiver.GetTm(pc + ahead) - now; // of a time stamp that it gives now
         m_line.Format(L"rate %.6f, ahead %.1f ms, a time stamp is converted %.1f ms off", slope,
                       1000 * (slope * now + offset - pc), 1000 * off);
         UpdateLabels();
-        if (std::exchange(m_second, static_cast<int>(TmSync::GetPc())) != m_second)
+        if (now >= m_printed + 1) {
             std::printf("%ls\n", m_line.GetString());
+            m_printed = now;
+        }
     }
 
 private:
     CReceiver m_receiver;
     CEChart* m_chart = nullptr;
     CString m_line;
-    int m_second = 0;                                    // since the start, that the line was printed for
+    double m_printed = 0;                                // when the line was
     std::jthread m_port{ReadPort, std::ref(m_receiver)}; // ends before the receiver goes
 };
 
@@ -127,7 +127,7 @@ class CTimeApp : public CBaseApp
         CBaseApp::OnIdle(count);
         m_wnd->Show(TmSync::GetTm());
         ::Sleep(20);
-        if (__argc > 2 && TmSync::GetPc() > 12) { // timesource --picture FILE
+        if (__argc > 2 && TmSync::GetPc() > 10) { // timesource --picture FILE
             m_isGood = Vant::PrintScn(__wargv[2]);
             std::printf(m_isGood ? "%ls\n" : "%ls could not be written\n", __wargv[2]);
             m_wnd->PostMessage(WM_CLOSE);
