@@ -37,7 +37,7 @@ BEGIN_MESSAGE_MAP(CESlider, CECtrl)
     ON_WM_DESTROY()
     ON_WM_GETDLGCODE()
     ON_WM_SIZE()
-    ON_MESSAGE(releasedMsg, OnReleased)
+    ON_MESSAGE(releasedMsg, &CESlider::OnReleased)
 END_MESSAGE_MAP()
 
 CESlider::CESlider()

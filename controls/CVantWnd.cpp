@@ -18,9 +18,9 @@ BEGIN_MESSAGE_MAP(CVantWnd, CWnd)
     ON_WM_MOUSEWHEEL()
     ON_WM_VSCROLL()
     ON_WM_KEYDOWN()
-    ON_MESSAGE(layoutMsg, OnLayoutMsg)
-    ON_MESSAGE(WM_DPICHANGED, OnDpiChanged)
-    ON_MESSAGE(WM_DPICHANGED_AFTERPARENT, OnNewScale)
+    ON_MESSAGE(layoutMsg, &CVantWnd::OnLayoutMsg)
+    ON_MESSAGE(WM_DPICHANGED, &CVantWnd::OnDpiChanged)
+    ON_MESSAGE(WM_DPICHANGED_AFTERPARENT, &CVantWnd::OnNewScale)
 END_MESSAGE_MAP()
 
 constinit CLstPtr<CVantWnd*> CVantWnd::s_wnds;

@@ -29,7 +29,7 @@ BEGIN_MESSAGE_MAP(CEMsgBox, CECtrl)
     ON_WM_KILLFOCUS()
     ON_WM_SHOWWINDOW()
     ON_WM_DESTROY()
-    ON_MESSAGE(WM_DPICHANGED, OnDpiChanged)
+    ON_MESSAGE(WM_DPICHANGED, &CEMsgBox::OnDpiChanged)
 END_MESSAGE_MAP()
 
 constexpr unsigned CEMsgBox::tickPeriod;
