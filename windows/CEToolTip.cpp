@@ -1,5 +1,6 @@
 #include "windows/CEToolTip.h"
 
+#include "controls/detail/MouseMessages.h"
 #include "platform/Vant.h"
 #include "windows/detail/MsgPlace.h"
 
@@ -28,23 +29,8 @@ UINT RestTime()
 
 bool IsInput(UINT message)
 {
-    switch (message) {
-    case WM_KEYDOWN:
-    case WM_SYSKEYDOWN:
-    case WM_LBUTTONDOWN:
-    case WM_RBUTTONDOWN:
-    case WM_MBUTTONDOWN:
-    case WM_XBUTTONDOWN:
-    case WM_NCLBUTTONDOWN:
-    case WM_NCRBUTTONDOWN:
-    case WM_NCMBUTTONDOWN:
-    case WM_NCXBUTTONDOWN:
-    case WM_MOUSEWHEEL:
-    case WM_MOUSEHWHEEL:
-        return true;
-    default:
-        return false;
-    }
+    return message == WM_KEYDOWN || message == WM_SYSKEYDOWN || vant::detail::IsMousePress(message) ||
+           vant::detail::IsMouseWheel(message);
 }
 
 // The tip that watches for input: one at a time, as there is one mouse.

@@ -2,6 +2,7 @@
 
 #include "controls/CECb.h"
 #include "controls/detail/FieldFrame.h"
+#include "controls/detail/MouseMessages.h"
 #include "controls/detail/SkinPiece.h"
 #include "platform/Vant.h"
 #include "platform/detail/Skins.h"
@@ -22,29 +23,11 @@ constexpr UINT watchPeriod = 100; // milliseconds
 CECb* openBox = nullptr;
 HHOOK mouseHook = nullptr;
 
-bool IsPress(WPARAM message) noexcept
-{
-    switch (message) {
-    case WM_LBUTTONDOWN:
-    case WM_RBUTTONDOWN:
-    case WM_MBUTTONDOWN:
-    case WM_XBUTTONDOWN:
-    case WM_NCLBUTTONDOWN:
-    case WM_NCRBUTTONDOWN:
-    case WM_NCMBUTTONDOWN:
-    case WM_NCXBUTTONDOWN:
-    case WM_MOUSEWHEEL:
-    case WM_MOUSEHWHEEL:
-        return true;
-    default:
-        return false;
-    }
-}
-
 /** Closes the list when the mouse is used elsewhere; what is clicked gets its click all the same. */
 LRESULT CALLBACK OnMouse(int code, WPARAM message, LPARAM lParam)
 {
-    if (code == HC_ACTION && openBox && IsPress(message)) {
+    const auto sent = static_cast<UINT>(message);
+    if (code == HC_ACTION && openBox && (IsMousePress(sent) || IsMouseWheel(sent))) {
         const HWND at = reinterpret_cast<const MOUSEHOOKSTRUCT*>(lParam)->hwnd;
         if (at != openBox->m_hWnd && at != openBox->List().m_hWnd)
             openBox->Close();

@@ -2,6 +2,7 @@
 
 #include "controls/CEMenu.h"
 #include "controls/detail/Accel.h"
+#include "controls/detail/MouseMessages.h"
 #include "controls/detail/WorkArea.h"
 
 #include <algorithm>
@@ -42,29 +43,6 @@ UINT SubDelay()
 bool IsMove(UINT message) noexcept
 {
     return message == WM_MOUSEMOVE || message == WM_NCMOUSEMOVE;
-}
-
-bool IsPress(UINT message) noexcept
-{
-    switch (message) {
-    case WM_LBUTTONDOWN:
-    case WM_RBUTTONDOWN:
-    case WM_MBUTTONDOWN:
-    case WM_XBUTTONDOWN:
-    case WM_LBUTTONDBLCLK:
-    case WM_RBUTTONDBLCLK:
-    case WM_MBUTTONDBLCLK:
-    case WM_XBUTTONDBLCLK:
-    case WM_NCLBUTTONDOWN:
-    case WM_NCRBUTTONDOWN:
-    case WM_NCMBUTTONDOWN:
-    case WM_NCXBUTTONDOWN:
-    case WM_NCLBUTTONDBLCLK:
-    case WM_NCRBUTTONDBLCLK:
-        return true;
-    default:
-        return false;
-    }
 }
 
 bool IsRelease(UINT message) noexcept
@@ -244,7 +222,7 @@ bool MenuTracker::Takes(const MSG& msg)
         OnMove(PlaceOf(msg));
         return true;
     }
-    if (IsPress(message))
+    if (IsMousePress(message))
         return OnPress(PlaceOf(msg));
     if (IsRelease(message)) {
         OnRelease(PlaceOf(msg));
