@@ -14,7 +14,6 @@
 #include <string_view>
 
 using vant::detail::TypeOf;
-using vant::detail::ValueType;
 
 namespace
 {

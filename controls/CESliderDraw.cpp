@@ -106,7 +106,7 @@ std::vector<CESlider::Tick> CESlider::Ticks(CDC& dc, const Place& place) const
     std::vector<Tick> found;
     // Wide numbers need more room, and leave room for fewer.
     for (int tries = 0; tries < 3; ++tries) {
-        const auto most = static_cast<std::size_t>(place.layout.Travel() / gap + 1);
+        const auto most = static_cast<std::size_t>(place.layout.Travel() / gap) + 1;
         found.clear();
         int widest = 0;
         const std::vector<double> values = vant::detail::RoundTicks(from, from + length, most);

@@ -5,8 +5,6 @@
 
 #include <algorithm>
 
-using vant::detail::RcPlace;
-
 namespace
 {
 

@@ -124,7 +124,7 @@ char* WriteMagnitude(DigitBuffer& text, double magnitude, const Directive& direc
     if (!std::isfinite(magnitude)) {
         return std::to_chars(first, last, magnitude).ptr;
     }
-    char* end = first;
+    char* end = nullptr;
     switch (directive.kind) {
     case 'e':
         end = std::to_chars(first, last, magnitude, std::chars_format::scientific, precision).ptr;

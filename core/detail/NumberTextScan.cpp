@@ -145,6 +145,7 @@ Number ConvertDigits(const Decimal<Char>& number) noexcept
 {
     constexpr std::size_t deciding = 780;
     constexpr std::int64_t exponentMax = 9999; // far beyond every double, with any digits in front
+    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-member-init): most numbers fill a few characters of many
     std::array<char, deciding + 1 + 8> text;
     std::size_t count = 0;
     std::int64_t shift = 0;
