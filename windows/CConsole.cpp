@@ -2,11 +2,9 @@
 
 #include "platform/Vant.h"
 #include "settings/CESetObj.h"
-#include "settings/detail/CodePage.h"
 #include "windows/detail/OneLine.h"
 
 #include <algorithm>
-#include <string_view>
 #include <utility>
 
 namespace
@@ -20,23 +18,6 @@ constexpr int levelShift = 4;
 constexpr int levelRange = 1000;
 constexpr int highestLevel = 9999;
 
-/** Whether a path counts from the data directory: it has no drive and does not begin at a root. */
-bool IsFromDataDir(const CString& path)
-{
-    return !path.IsEmpty() && path.Find(L':') < 0 && path[0] != L'\\' && path[0] != L'/';
-}
-
-/** A log file's path as the settings file can hold it. */
-CString StoredName(const CString& path)
-{
-    const std::wstring_view whole(path, static_cast<std::size_t>(path.GetLength()));
-    const int dir = Vant::dataDir.GetLength();
-    const bool isBelow = dir > 0 && path.Left(dir).CompareNoCase(Vant::dataDir) == 0;
-    if (!isBelow || vant::detail::DecodeAcp(vant::detail::EncodeAcp(whole)) == whole)
-        return path;
-    return path.Mid(dir);
-}
-
 /** Holds a console's entries for as long as it lives. */
 class Guard : public CSingleLock
 {
@@ -46,6 +27,22 @@ public:
     {
     }
 };
+
+/** A log file as the settings keep it: below the data directory without that directory, so that the file
+ * moves with the installation. */
+CString KeptName(const CString& file)
+{
+    const int length = Vant::dataDir.GetLength();
+    const bool isBelow = file.GetLength() > length && Vant::dataDir.CompareNoCase(file.Left(length)) == 0;
+    return isBelow ? file.Mid(length) : file;
+}
+
+/** The other way round; a name with a drive, or from a root, is whole already. */
+CString WholeName(const CString& kept)
+{
+    const bool isWhole = kept.IsEmpty() || kept.Find(L':') >= 0 || kept[0] == L'\\' || kept[0] == L'/';
+    return isWhole ? kept : Vant::dataDir + kept;
+}
 
 } // namespace
 
@@ -273,10 +270,10 @@ void CConsole::Settings(CESetObj& obj)
     CVantWnd::Settings(obj);
     {
         const Guard guard(*this);
-        CString file = obj.IsStoring() ? StoredName(fileName) : fileName;
-        obj.Item(L"FName", file);
-        if (!obj.IsStoring() && file.FindOneOf(L"?*") < 0)
-            fileName = IsFromDataDir(file) ? Vant::dataDir + file : file;
+        CString kept = KeptName(fileName);
+        obj.Item(L"FName", kept);
+        if (kept.FindOneOf(L"?*") < 0)
+            fileName = WholeName(kept);
     }
     obj.Item(L"CslDetail", detail);
     obj.Item(L"LogTo", logTo);

@@ -114,9 +114,9 @@ public:
     ///@{
     /** Shows what has come since the last trigger. */
     void OnTrigger(double a, double b) override;
-    /** Besides the window's items: "FName", "CslDetail" and "LogTo". A log file below Vant::dataDir whose
-     * path the settings file's code page cannot express is stored as its path from there on; a name that is
-     * no file's, as another program may have stored it, is not taken. */
+    /** Besides the window's items: "FName", "CslDetail" and "LogTo". A log file below Vant::dataDir is kept
+     * by its name from there, so that it moves with the data directory. A name that is no file's, as another
+     * program may have stored it, is not taken. */
     void Settings(CESetObj& obj) override;
     void SetupCtrls() override;
     void Draw(CDC* dc) override;

@@ -202,6 +202,29 @@ TEST_F(ConsoleFile, SettingsComeBack)
     EXPECT_EQ(console.level, 3);
 }
 
+TEST_F(ConsoleFile, ALogFileBelowTheDataDirectoryMovesWithIt)
+{
+    CConsole console;
+    console.name = L"Console";
+    console.SetupCsl(0);
+    CESet set(1);
+    CESetObj& obj = *set.AddCol(L"Wnds")->AddObj(L"Console", L"CConsole");
+    console.Settings(obj);
+    const CString file = (Dir() + L"set.xml").c_str();
+    ASSERT_TRUE(set.Save(file));
+    EXPECT_EQ(Text(console.fileName), Dir() + L"Logs\\Console.csv") << "storing changes nothing";
+
+    const CString before = Vant::dataDir;
+    for (const wchar_t* moved : {L"D:\\Moved\\", L"D:\\M\\"}) {
+        Vant::dataDir = moved;
+        CESet loaded(0);
+        ASSERT_TRUE(loaded.Load(file));
+        console.Settings(*loaded.GetCol(L"Wnds")->GetObj(L"Console"));
+        EXPECT_EQ(Text(console.fileName), std::wstring(moved) + L"Logs\\Console.csv");
+    }
+    Vant::dataDir = before;
+}
+
 TEST_F(ConsoleFile, TheCommsConsoleHasAFileOfItsOwn)
 {
     CCslComms comms;
