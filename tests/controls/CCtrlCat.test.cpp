@@ -195,6 +195,8 @@ TEST_F(CCtrlCatTest, TextsTagsAndButtons)
     tagStyle.txtCol = RGB(7, 7, 7);
     CEStyle::AddStyle(tagStyle);
     EXPECT_EQ(cat.InsTag(L"Receiver")->style.txtCol, RGB(7, 7, 7));
+    // Styles live as long as the process: under another name this one is out of the way of what runs next.
+    CEStyle::GetStyle(L"Tag")->name = L"Tag of a test";
 }
 
 namespace

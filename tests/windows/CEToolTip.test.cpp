@@ -25,7 +25,11 @@ protected:
         m_wnd.SetWindowPos(&CWnd::wndTopMost, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
         vant::test::PumpPending();
     }
-    ~CEToolTipTest() override { Vant::hoverTime = 0.3; }
+    ~CEToolTipTest() override
+    {
+        Vant::hoverTime = 0.3;
+        Tip().text = L"test"; // as at first
+    }
 
     static CEToolTip& Tip() { return Vant::toolTip; }
     static bool IsShown() { return Tip().IsWindowVisible() != FALSE; }

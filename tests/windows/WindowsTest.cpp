@@ -1,7 +1,11 @@
 #include "windows/WindowsTest.h"
 
 #include "platform/CBaseApp.h"
+#include "platform/Vant.h"
+#include "windows/CCslAlm.h"
+#include "windows/CCslComms.h"
 
+#include <array>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -28,6 +32,12 @@ WindowsTest::WindowsTest()
     fs::create_directories(DirPath());
     Vant::dataDir = Dir().c_str();
     Vant::Init();
+    // The consoles live as long as the process, with what other tests have logged.
+    const std::array<CConsole*, 4> consoles{&Vant::csl, &Vant::status, &Vant::alarm, &Vant::comms};
+    for (CConsole* const console : consoles) {
+        console->ClearList();
+        console->logTo = 0;
+    }
 }
 
 WindowsTest::~WindowsTest()
