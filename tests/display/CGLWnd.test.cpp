@@ -153,6 +153,7 @@ TEST_F(CGLWndTest, ReportsWhatTheDriverRefusesAndStaysUsable)
     EXPECT_THAT(AlarmTexts(), ElementsAre(L"(PB) Error in sharing display lists code = " + busy));
     EXPECT_EQ(Ink(image), CRect(0, 55, 5, 60));
 
+    const ScreenLock screen;
     // No context at all: one alarm about lists that cannot be shared, and a window without a scene.
     alarms.clear();
     GL().createContext = [](HDC) -> HGLRC { return nullptr; };
@@ -161,6 +162,14 @@ TEST_F(CGLWndTest, ReportsWhatTheDriverRefusesAndStaysUsable)
     bare.ShowWindow(SW_SHOWNOACTIVATE);
     bare.RedrawWindow(nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
     EXPECT_EQ(bare.renders, 0);
+    EXPECT_FALSE(bare.CanDraw());
+    EXPECT_TRUE(wnd.CanDraw());
+    CClientDC dc(&bare);
+    std::set<COLORREF> seen;
+    for (int x = 0; x < 80; ++x)
+        for (int y = 0; y < 30; ++y)
+            seen.insert(dc.GetPixel(x, y));
+    EXPECT_GT(seen.size(), 1u) << "the window says that nothing can be drawn";
     EXPECT_EQ(bare.InitPB(64, 64), 0);
     EXPECT_THAT(AlarmTexts(), ElementsAre(L"Error in sharing display lists code = " + busy));
 }

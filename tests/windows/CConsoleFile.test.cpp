@@ -67,7 +67,7 @@ TEST_F(ConsoleFile, EntriesThatPassAreAppendedAsLines)
     EXPECT_EQ(FileLines(console.fileName).size(), 4u);
 }
 
-TEST_F(ConsoleFile, AFileThatCannotBeOpenedRaisesOneAlarmPerEntry)
+TEST_F(ConsoleFile, AFileThatCannotBeOpenedRaisesAnAlarm)
 {
     std::filesystem::create_directories(Dir() + L"Logs\\Console.csv");
     std::filesystem::create_directories(Dir() + L"Logs\\Alarms.csv");
@@ -221,6 +221,30 @@ TEST_F(ConsoleFile, ALogFileBelowTheDataDirectoryMovesWithIt)
         ASSERT_TRUE(loaded.Load(file));
         console.Settings(*loaded.GetCol(L"Wnds")->GetObj(L"Console"));
         EXPECT_EQ(Text(console.fileName), std::wstring(moved) + L"Logs\\Console.csv");
+    }
+    Vant::dataDir = before;
+}
+
+TEST_F(ConsoleFile, ALogOutsideTheCodePageIsFoundAgain)
+{
+    const CString before = Vant::dataDir;
+    Vant::dataDir += L"\u6D4B\u8BD5\\";
+    const CString file = (Dir() + L"set.xml").c_str();
+    const CString elsewhere = L"D:\\\u6D4B\\log.csv";
+    for (const bool isBelow : {true, false}) {
+        CConsole console;
+        console.SetupCsl(0);
+        const CString usual = console.fileName;
+        if (!isBelow)
+            console.fileName = elsewhere;
+        CESet set(1);
+        console.Settings(*set.AddCol(L"Wnds")->AddObj(L"Console", L"CConsole"));
+        ASSERT_TRUE(set.Save(file));
+        console.SetupCsl(0);
+        CESet read(0);
+        ASSERT_TRUE(read.Load(file));
+        console.Settings(*read.GetCol(L"Wnds")->GetObj(L"Console"));
+        EXPECT_EQ(console.fileName, usual) << "a name that was lost is not taken";
     }
     Vant::dataDir = before;
 }
