@@ -7,7 +7,6 @@
 #include "demo/detail/Text.h"
 #include "demo/script/Acts.h"
 #include "demo/script/CScript.h"
-#include "demo/script/ScreenPicture.h"
 #include "demo/tour/CTour.h"
 #include "platform/Vant.h"
 #include "time/TmSync.h"
@@ -88,9 +87,9 @@ bool CBridge::Open()
     ShowWindow(m_session.settings.maximised ? SW_SHOWMAXIMIZED : SW_SHOWNORMAL);
     UpdateWindow();
     for (CSceneWnd* const view : Views())
-        view->Frame().ShowAsSet();
-    m_colours.Frame().ShowAsSet();
-    m_survey.Frame().ShowAsSet();
+        view->ShowAsSet();
+    m_colours.ShowAsSet();
+    m_survey.ShowAsSet();
     SetFocus();
     m_actor = Actor();
     m_last = Clock::now();
@@ -196,51 +195,6 @@ void CBridge::ReportEvents()
         m_atEnd = true;
         m_session.log.Line(L"end of the log at " + DurationText(m_session.tape.Duration()));
     }
-}
-
-void CBridge::RecordVideo()
-{
-    if (m_session.recording && !m_video.IsOn()) {
-        m_session.recording = m_video.Start(m_session.outDir + videoName);
-        return;
-    }
-    if (m_session.recording)
-        m_video.AddFrame();
-    else
-        m_video.Stop();
-    if (m_session.recording && !m_video.IsOn()) { // that was the last frame
-        m_session.recording = false;
-        m_session.log.Line(L"video of " + std::to_wstring(m_video.Frames()) + L" frames saved to " +
-                           std::wstring(static_cast<LPCWSTR>(m_session.outDir + videoName)));
-    }
-}
-
-void CBridge::SavePictures()
-{
-    const auto note = [this](bool saved, const wchar_t* file) {
-        m_session.picturesSaved &= saved;
-        if (saved)
-            m_session.pictures.emplace_back(file);
-    };
-    CRect seen;
-    GetWindowRect(&seen);
-    for (const CVantWnd* const popup : Popups()) {
-        CRect place;
-        popup->GetWindowRect(&place);
-        if (popup->IsWindowVisible())
-            seen.UnionRect(&seen, &place);
-    }
-    for (CSceneWnd* const view : Views()) {
-        if (!view->IsWindowVisible())
-            continue;
-        const wchar_t* const file = view == &m_chart ? chartName : orbitName;
-        note(view->SavePicture(m_session.outDir + file), file);
-        view->RedrawWnd();
-    }
-    note(SavePicture(m_session, pictureName), pictureName);
-    if (m_video.Frames() > 0)
-        m_session.pictures.emplace_back(videoName);
-    note(SaveScreen(seen, m_session.outDir + screenName), screenName);
 }
 
 void CBridge::Finish()

@@ -25,22 +25,12 @@ IMPLEMENT_DYNAMIC(CColoursWnd, CVantWnd)
 
 BEGIN_MESSAGE_MAP(CColoursWnd, CVantWnd)
     ON_WM_CREATE()
-    ON_WM_DESTROY()
-    ON_WM_CLOSE()
-    ON_WM_MOVE()
-    ON_WM_SIZE()
 END_MESSAGE_MAP()
 
 CColoursWnd::CColoursWnd(Session& session)
-    : m_frame(*this, session, session.settings.colours)
+    : CPopup(L"Depth colours", session, session.settings.colours)
 {
-    CVantWnd::name = L"Depth colours";
     m_pal.name = L"Depth palette";
-}
-
-bool CColoursWnd::Open(CWnd& owner, const Box& first)
-{
-    return m_frame.Open(L"Depth colours", owner, first);
 }
 
 void CColoursWnd::SetupCtrls()
@@ -65,15 +55,7 @@ int CColoursWnd::OnCreate(LPCREATESTRUCT create)
     m_pal.SetOption(L"Load", L"Depths");
     m_pal.AttachWnd(this);
     m_pal.UpdatePal();
-    s_infoRx.AddTail(this);
     return 0;
-}
-
-void CColoursWnd::OnDestroy()
-{
-    m_frame.NotePlace();
-    s_infoRx.RemoveAt(s_infoRx.Find(this));
-    CVantWnd::OnDestroy();
 }
 
 void CColoursWnd::LayoutWnd(int quiet)
@@ -86,35 +68,17 @@ void CColoursWnd::LayoutWnd(int quiet)
     m_pal.MoveWindow(Dpi().ToPx(left));
 }
 
-void CColoursWnd::OnInfoMsg(int msg, void*)
+void CColoursWnd::OnInfoMsg(int msg, void* data)
 {
-    if (msg != sessionInfo)
-        return;
-    m_frame.ShowAsSet();
-    m_bar->Update(1); // units may have changed
+    CPopup::OnInfoMsg(msg, data);
+    if (msg == sessionInfo)
+        m_bar->Update(1); // units may have changed
 }
 
 void CColoursWnd::OnNfyWnd(CVantWnd*, int msg, void*)
 {
     if (msg == CPal::changedMsg)
         m_bar->Update(1);
-}
-
-void CColoursWnd::OnClose()
-{
-    m_frame.Close();
-}
-
-void CColoursWnd::OnMove(int toX, int toY)
-{
-    CVantWnd::OnMove(toX, toY);
-    m_frame.NotePlace();
-}
-
-void CColoursWnd::OnSize(UINT type, int cx, int cy)
-{
-    CVantWnd::OnSize(type, cx, cy);
-    m_frame.NotePlace();
 }
 
 } // namespace demo

@@ -72,7 +72,7 @@ void CDemoApp::Keep()
         }
     }
     if (m_session->failed) {
-        Complain(L"the script failed");
+        Complain(L"the script or the tour failed");
         m_exitCode = exitScript;
     }
 }

@@ -5,8 +5,6 @@
 #include "display/CDspMInf.h"
 #include "platform/Vant.h"
 
-#include <atlimage.h>
-
 #include <algorithm>
 #include <iterator>
 
@@ -23,8 +21,7 @@ constexpr double noteGap = 10.0;
 constexpr double linePitch = 18.0;
 /** @} */
 
-constexpr int pictureWidth = 1280; // pixels
-constexpr int pictureHeight = 800;
+constexpr double scaleWidth = 64.0; // of the graticule's labels at the left edge, which stay legible, units
 
 void Plate(double left, double bottom, double right, double top)
 {
@@ -41,9 +38,6 @@ IMPLEMENT_DYNAMIC(CSceneWnd, CDsp)
 BEGIN_MESSAGE_MAP(CSceneWnd, CDsp)
     ON_WM_CREATE()
     ON_WM_DESTROY()
-    ON_WM_CLOSE()
-    ON_WM_MOVE()
-    ON_WM_SIZE()
     ON_WM_LBUTTONDOWN()
     ON_WM_MBUTTONDOWN()
     ON_WM_KEYDOWN()
@@ -51,19 +45,13 @@ END_MESSAGE_MAP()
 
 CSceneWnd::CSceneWnd(const wchar_t* wndName, const wchar_t* title, Session& session, Scene& scene,
                      ViewPlace& place)
-    : m_scene(scene)
-    , m_frame(*this, session, place)
-    , m_title(title)
+    : CPopup(title, session, place)
+    , m_scene(scene)
     , m_drawsPictures(session.pbuffers)
 {
     CVantWnd::name = wndName;
     lightsInScene = 1;
     FollowBoat(true);
-}
-
-bool CSceneWnd::Open(CWnd& owner, const Box& first)
-{
-    return m_frame.Open(m_title, owner, first);
 }
 
 void CSceneWnd::FollowBoat(bool follows)
@@ -80,20 +68,13 @@ int CSceneWnd::OnCreate(LPCREATESTRUCT create)
     if (CDsp::OnCreate(create) == -1)
         return -1;
     s_pollRx.AddTail(this);
-    s_infoRx.AddTail(this);
     return 0;
 }
 
 void CSceneWnd::OnDestroy()
 {
     s_pollRx.RemoveAt(s_pollRx.Find(this));
-    s_infoRx.RemoveAt(s_infoRx.Find(this));
     CDsp::OnDestroy();
-}
-
-void CSceneWnd::OnClose()
-{
-    m_frame.Close();
 }
 
 void CSceneWnd::OnPoll(double t)
@@ -104,32 +85,19 @@ void CSceneWnd::OnPoll(double t)
 
 void CSceneWnd::OnInfoMsg(int msg, void* data)
 {
+    CPopup::OnInfoMsg(msg, data);
     const bool isForThis = data == static_cast<CDsp*>(this);
     if (msg == CBoatMdl::followInfo && isForThis)
         FollowBoat(!IsFollowing());
     if (msg == CPlanMdl::showInfo && isForThis)
         ShowRoute();
-    if (msg != sessionInfo)
-        return;
-    m_frame.ShowAsSet();
-    NeedDraw(); // units may have changed
+    if (msg == sessionInfo)
+        NeedDraw(); // units may have changed
 }
 
 void CSceneWnd::OnNfyWnd(CVantWnd*, int, void*)
 {
     NeedDraw(); // the palette has changed
-}
-
-void CSceneWnd::OnMove(int toX, int toY)
-{
-    CDsp::OnMove(toX, toY);
-    m_frame.NotePlace();
-}
-
-void CSceneWnd::OnSize(UINT type, int cx, int cy)
-{
-    CDsp::OnSize(type, cx, cy);
-    m_frame.NotePlace();
 }
 
 void CSceneWnd::OnLButtonDown(UINT flags, CPoint point)
@@ -193,14 +161,15 @@ void CSceneWnd::DrawOverlay()
     if (m_picked.mdl == &m_scene.Boat())
         m_picked.mdl->OnHit(*this, m_picked); // what it says of itself goes on changing
     const CString lines[] = {Note() + L",  " + follows, m_picked.text};
+    const double left = graticule ? scaleWidth : noteGap;
     double top = OverlaySize().y - noteGap;
     for (const CString& line : lines) {
         if (line.IsEmpty())
             continue;
         const double width = OverlayTxtWidth(line, noteSize);
-        Plate(noteGap - 4, top - linePitch, noteGap + width + 6, top);
-        OverlayTxt(noteGap, top - linePitch / 2, line, &line == &lines[0] ? Vant::light : Vant::cyan,
-                   noteSize, alignLeft | alignMiddle);
+        Plate(left - 4, top - linePitch, left + width + 6, top);
+        OverlayTxt(left, top - linePitch / 2, line, &line == &lines[0] ? Vant::light : Vant::cyan, noteSize,
+                   alignLeft | alignMiddle);
         top -= linePitch + 2;
     }
 }
@@ -214,46 +183,6 @@ void CSceneWnd::SetLight(int number, COLORREF colour, double ambientShare, const
     const double place[] = {from.x, from.y, from.z, 0};
     std::transform(std::begin(place), std::end(place), light.position,
                    [](double part) { return static_cast<float>(part); });
-}
-
-bool CSceneWnd::SavePicture(const CString& path)
-{
-    CImage image;
-    return Capture(image, {pictureWidth, pictureHeight}) && SUCCEEDED(image.Save(path));
-}
-
-bool CSceneWnd::Capture(CImage& image, CSize size)
-{
-    constexpr int bitsPerPixel = 32;
-    if (!image.Create(size.cx, size.cy, bitsPerPixel))
-        return false;
-    return DrawsPictures(size) ? CapPB(image) != 0 : CopySeen(image, size);
-}
-
-/** Whether the driver draws pictures of this size. It is asked once: its refusal is an alarm. */
-bool CSceneWnd::DrawsPictures(CSize size)
-{
-    if (!m_drawsPictures || (PbWidth() == size.cx && PbHeight() == size.cy))
-        return m_drawsPictures;
-    CClientDC dc(this);
-    m_drawsPictures = InitPB(dc, size.cx, size.cy) != 0;
-    return m_drawsPictures;
-}
-
-bool CSceneWnd::CopySeen(CImage& image, CSize size)
-{
-    RedrawWnd();
-    CRect seen;
-    GetClientRect(&seen);
-    ClientToScreen(&seen);
-    const HDC to = image.GetDC();
-    const HDC screen = ::GetDC(nullptr);
-    ::SetStretchBltMode(to, HALFTONE);
-    const BOOL copied = ::StretchBlt(to, 0, 0, size.cx, size.cy, screen, seen.left, seen.top, seen.Width(),
-                                     seen.Height(), SRCCOPY);
-    ::ReleaseDC(nullptr, screen);
-    image.ReleaseDC();
-    return copied != FALSE;
 }
 
 } // namespace demo

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "demo/PopupFrame.h"
+#include "demo/CPopup.h"
 #include "demo/scene/Scene.h"
 #include "display/CDsp.h"
 #include "display/CDspMHit.h"
@@ -12,17 +12,13 @@ namespace demo
 
 /** A view of the scene in a window of its own. The boat stays in its middle until the user takes hold of the
  * view; F follows the boat again. */
-class CSceneWnd : public CDsp
+class CSceneWnd : public CPopup<CDsp>
 {
     DECLARE_DYNAMIC(CSceneWnd)
 
 public:
     /** @param place  see PopupFrame */
     CSceneWnd(const wchar_t* wndName, const wchar_t* title, Session& session, Scene& scene, ViewPlace& place);
-
-    /** Makes the window, hidden. @param first  see PopupFrame::Open() */
-    bool Open(CWnd& owner, const Box& first);
-    PopupFrame& Frame() noexcept { return m_frame; }
 
     /** Follows the boat, or no longer. */
     void FollowBoat(bool follows);
@@ -59,9 +55,6 @@ protected:
 
     afx_msg int OnCreate(LPCREATESTRUCT create);
     afx_msg void OnDestroy();
-    afx_msg void OnClose();
-    afx_msg void OnMove(int toX, int toY);
-    afx_msg void OnSize(UINT type, int cx, int cy);
     afx_msg void OnLButtonDown(UINT flags, CPoint point);
     afx_msg void OnMButtonDown(UINT flags, CPoint point);
     afx_msg void OnKeyDown(UINT key, UINT repeats, UINT flags);
@@ -75,8 +68,6 @@ private:
     bool CopySeen(CImage& image, CSize size);
 
     Scene& m_scene;
-    PopupFrame m_frame;
-    CString m_title;
     CDspMHit m_picked;
     bool m_drawsPictures; // the driver does, apart from the window; until it refuses
 };

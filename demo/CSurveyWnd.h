@@ -3,6 +3,8 @@
 #include "controls/CRcMgr.h"
 #include "demo/CSceneWnd.h"
 
+#include <cstddef>
+
 class CEChart;
 class CEGrid;
 class CESlider;
@@ -20,17 +22,13 @@ namespace demo
  *  is that of the sea bed's colours, in decibels.
  *
  *  A controller (Remote()) steps through the gain, the waypoints and the button below them. */
-class CSurveyWnd : public CVantWnd
+class CSurveyWnd : public CPopup<CVantWnd>
 {
     DECLARE_DYNAMIC(CSurveyWnd)
 
 public:
     /** All outlive it. @param chart  shows the waypoints */
     CSurveyWnd(Session& session, Scene& scene, CSceneWnd& chart);
-
-    /** Makes the window, hidden. @param first  see PopupFrame::Open() */
-    bool Open(CWnd& owner, const Box& first);
-    PopupFrame& Frame() noexcept { return m_frame; }
 
     /** @name Its controls; null before it is open @{ */
     const CEChart* Strips() const noexcept { return m_strips; }
@@ -48,34 +46,38 @@ protected:
     BOOL OnCommand(WPARAM wParam, LPARAM lParam) override;
     afx_msg int OnCreate(LPCREATESTRUCT create);
     afx_msg void OnDestroy();
-    afx_msg void OnClose();
-    afx_msg void OnMove(int toX, int toY);
-    afx_msg void OnSize(UINT type, int cx, int cy);
     DECLARE_MESSAGE_MAP()
 
 private:
+    static constexpr std::size_t lampCount = 3;
+    static const Sensor lampSensors[lampCount]; // what the lamps before the last one tell of
+
+    /** @name Its controls, see SurveyControls.cpp @{ */
     void AddLamps();
+    void AddGain();
     void AddStrips();
     void AddWaypoints();
+    /** @} */
     void Record();
     void ShowLamps();
+    void OnGain();
+    /** @name The waypoints, see SurveyWaypoints.cpp @{ */
     void ShowWaypoints(double t);
     void OnCell(CEGridCell& cell);
-    void OnGain();
     void OnWaypoint();
     void OnWholeRoute();
+    /** @} */
 
     Session& m_session;
     Scene& m_scene;
     CSceneWnd& m_chart;
-    PopupFrame m_frame;
     CEChart* m_strips = nullptr; // its category's, as the other controls
     CESlider* m_gain = nullptr;
     CEGrid* m_waypoints = nullptr;
     CECtrl* m_wholeRoute = nullptr;
     int m_depth = 0; // traces
     int m_speed = 0;
-    int m_lamps[3] = {}; // Freshness of the sounder, the log and the receiver
+    int m_lamps[lampCount] = {}; // Freshness of the sensors
     int m_underWay = 0;
     int m_row = -1;          // waypoint that is selected
     double m_taken = 0.0;    // time of the tape that the strips have reached

@@ -22,10 +22,10 @@ constexpr double dockShare = 0.185; // of the whole height
 constexpr int leastDock = 96;
 constexpr int mostDock = 240;
 constexpr double fourShares[] = {0.30, 0.22, 0.26, 0.22}; // of the instruments' width
-constexpr double threeShares[] = {0.28, 0.30, 0.42};
+constexpr double threeShares[] = {0.32, 0.33, 0.35};
 constexpr double twoShares[] = {0.48, 0.52};
-constexpr int leastFour = 1450; // width for four consoles in a row
-constexpr int leastThree = 850;
+constexpr int leastFour = 1800; // width for four consoles in a row whose messages can be read
+constexpr int leastThree = 1350;
 constexpr int setupHeight = 686; // of all sections, open, and the caption
 
 void PlaceInstruments(Layout& layout, const Box& area) noexcept

@@ -17,8 +17,9 @@ struct Layout {
     Box position;
     Box wind;
     Box motion;
-    /** The consoles. The last one stands under the set-up if there is room. A narrow area leaves out the last
-     * one or two, and their boxes are empty then. */
+    /** The consoles, in a row as long as their messages can be read. The last one stands under the set-up if
+     * there is room. A narrow area leaves out the third and, unless it stands there, the last one; their
+     * boxes are empty then. */
     std::array<Box, 4> docks;
     Box setup; ///< the column at the right
     Box footer;

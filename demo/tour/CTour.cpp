@@ -130,8 +130,7 @@ void CTour::End()
 
 void CTour::Report(const std::wstring& line)
 {
-    Say(L"tour: " + line);
-    m_stage.session.log.Line(L"tour: " + line);
+    Say(L"tour: " + line); // the console keeps its lines for what happens on board
 }
 
 } // namespace demo

@@ -30,7 +30,7 @@ private:
     void TakePicture(const wchar_t* name);
     void End();
     Box Shot(double t) const;
-    void Report(const std::wstring& line);
+    static void Report(const std::wstring& line);
 
     Stage m_stage;
     CTourHand m_hand;

@@ -18,6 +18,7 @@ namespace
 
 constexpr double firstTime = 100.0;  // seconds of the tape: the first turn is behind the boat, a bank ahead
 constexpr double tourRate = 3.0;     // the tape lasts as long as the tour
+constexpr double patientFix = 60.0;  // seconds: the position fails for some, and the tour does not tell of it
 constexpr double quietLimit = 10.0;  // metres; the survey is deeper
 constexpr double raisedLimit = 18.2; // more than the depth when it is typed
 constexpr auto shallow = static_cast<unsigned long>(AlarmId::ShallowWater);
@@ -127,10 +128,11 @@ const TourCue cues[] = {
      },
      L"a click on the boat tells its name, course and speed",
      [](const Stage& s) { return s.chart.Picked().Find(L"Lodestar") == 0; }},
-    {35.0, nullptr,
-     [](Stage& s, CTourHand&) {
+    {34.4, nullptr,
+     [](Stage& s, CTourHand& hand) {
          s.chart.mouseMode = CDsp::mousePan;
          s.chart.FollowBoat(true);
+         hand.Turn(-3);
      },
      nullptr, nullptr, L"tour-2-chart.png"},
 
@@ -213,6 +215,7 @@ void SetStage(Stage& stage)
 {
     Session& session = stage.session;
     session.settings.shallowLimit = quietLimit;
+    session.settings.lostFix = patientFix;
     session.rate = tourRate;
     session.Apply();
     session.playback.Advance(firstTime);

@@ -34,8 +34,7 @@ TEST(Layout, PartsFillTheAreaWithoutOverlap)
         const Box all{0, 0, area.width, area.height};
         for (std::size_t i = 0; i < parts.size(); ++i) {
             EXPECT_EQ(parts[i], Overlap(parts[i], all)) << "part " << i << " is inside";
-            const std::size_t leftOut = area.width < 1250 ? 2 : area.height < 800 ? 1 : 0;
-            const bool isLeftOut = i + leftOut >= parts.size();
+            const bool isLeftOut = area.width < 1700 && i + 2 >= parts.size();
             EXPECT_GE(parts[i].Width(), isLeftOut ? 0 : 170) << i;
             EXPECT_GE(parts[i].Height(), isLeftOut ? 0 : 26) << i;
             for (std::size_t k = 0; k < i; ++k) {
@@ -47,6 +46,19 @@ TEST(Layout, PartsFillTheAreaWithoutOverlap)
         EXPECT_EQ(std::max(layout.setup.bottom, layout.docks[3].bottom), layout.docks[0].bottom);
         EXPECT_LT(layout.motion.right, layout.setup.left);
     }
+}
+
+TEST(Layout, ConsolesAreWideEnoughToBeRead)
+{
+    constexpr int least = 420; // a number, a time and some words
+    const Layout usual = Layout::Of(1500, 980);
+    EXPECT_GE(usual.docks[0].Width(), least);
+    EXPECT_GE(usual.docks[1].Width(), least);
+    EXPECT_EQ(0, usual.docks[2].Width()) << "there is no room for the third";
+    EXPECT_EQ(usual.setup.Width(), usual.docks[3].Width()) << "the last one is under the set-up";
+    const Layout wide = Layout::Of(1920, 700);
+    for (std::size_t i = 0; i < 3; ++i)
+        EXPECT_GE(wide.docks[i].Width(), least) << i;
 }
 
 TEST(Layout, TextGrowsWithTheAreaAndASmallOneCountsAsTheLeast)

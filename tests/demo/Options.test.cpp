@@ -25,6 +25,7 @@ TEST(Options, DefaultsWithoutArguments)
     EXPECT_EQ(L"out", options.out);
     EXPECT_FALSE(options.help);
     EXPECT_FALSE(options.script);
+    EXPECT_FALSE(options.tour);
     EXPECT_EQ(L"", options.error);
 }
 

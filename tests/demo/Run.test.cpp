@@ -68,6 +68,7 @@ TEST_F(DemoRun, MistakesGiveOneLineAndExitCode2)
         {L"--log missing.nmea", "cannot read the log 'missing.nmea'"},
         {L"--log .", "cannot read the log '.'"},
         {L"--log nonsense.nmea", "no NMEA 0183 sentence that can be used in the log 'nonsense.nmea'"},
+        {L"--script --tour", "--script and --tour exclude each other"},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.error);
@@ -226,6 +227,19 @@ TEST_F(DemoRun, AFailingScriptStopsAndSaysSo)
     EXPECT_EQ(3, program.ExitCode());
     EXPECT_THAT(program.Out(), HasSubstr("a message tells of it ... FAILED"));
     EXPECT_THAT(program.Err(), HasSubstr("the script"));
+}
+
+TEST_F(DemoRun, ATourThatIsCutShortFailsAndLeavesTheSettings)
+{
+    const std::string mine = "<Corvane date=\"\">\n</Corvane>\n";
+    std::ofstream(m_dir / "VantDemo.xml", std::ios::binary) << mine;
+    Program program(m_dir, L"--tour --out .");
+    const HWND wnd = program.Window();
+    ASSERT_TRUE(wnd);
+    ::PostMessageW(wnd, WM_CLOSE, 0, 0);
+    EXPECT_EQ(3, program.ExitCode());
+    EXPECT_EQ(mine, Contents(m_dir / "VantDemo.xml"));
+    EXPECT_THAT(program.Err(), HasSubstr("the script or the tour failed"));
 }
 
 TEST_F(DemoRun, AClosedCategoryComesBackClosed)
