@@ -1,5 +1,5 @@
-# Unpacks the archive in an empty place, builds its examples against that place alone, runs them, and looks at their
-# pictures. One is built from its own folder too, as its readers do.
+# Unpacks the archive in an empty place, builds its examples against that place alone, runs them and the demonstration,
+# and looks at their pictures. One is built from its own folder too, as its readers do.
 cmake_minimum_required(VERSION 3.25)
 
 function(step what)
@@ -64,10 +64,17 @@ list(LENGTH examples count)
 if(count LESS 4)
   message(FATAL_ERROR "The archive has hardly any examples: ${examples}")
 endif()
-foreach(example IN LISTS examples)
-  set(run ${WORK_DIR}/run/${example})
+
+# try(NAME PROGRAM ARG...): runs a program, in a folder of its own, that takes a picture.
+function(try name)
+  set(run ${WORK_DIR}/run/${name})
   file(MAKE_DIRECTORY ${run})
-  step("Running ${example}" ${CMAKE_COMMAND} -E chdir ${run}
-    ${EMULATOR} ${WORK_DIR}/client/client.exe ${build}/${example}/${example}.exe picture.png)
-  message("${example}: ${output}")
+  step("Running ${name}" ${CMAKE_COMMAND} -E chdir ${run} ${EMULATOR} ${WORK_DIR}/client/client.exe ${ARGN})
+  message("${name}: ${output}")
+endfunction()
+
+foreach(example IN LISTS examples)
+  try(${example} picture.png ${build}/${example}/${example}.exe --picture picture.png)
 endforeach()
+# The demonstration finds its data and the colour tables where they were unpacked.
+try(VantDemo out/demo.png "${root}/bin/VantDemo.exe" --seconds 2 --out out)

@@ -1,4 +1,4 @@
-// Lets an example take its picture, and says whether that shows something: client EXAMPLE PICTURE
+// Runs a program that takes a picture, and says whether that shows something: client PICTURE PROGRAM [ARG...]
 #include "../../support/ScreenLock.h"
 
 #include <afxwin.h>
@@ -17,10 +17,9 @@ constexpr double mostOfOne = 0.97;
 
 constexpr DWORD longest = 60'000; // milliseconds
 
-bool IsTaken(const CString& example, const CString& picture)
+bool IsTaken(CString command)
 {
     const ScreenLock screen;
-    CString command = L'"' + example + L"\" --picture \"" + picture + L'"';
     STARTUPINFOW start{};
     start.cb = sizeof start;
     PROCESS_INFORMATION process{};
@@ -65,5 +64,8 @@ bool IsGood(const CString& file)
 
 int main(int argc, char** argv)
 {
-    return argc == 3 && IsTaken(CString(argv[1]), CString(argv[2])) && IsGood(CString(argv[2])) ? 0 : 1;
+    CString command;
+    for (int i = 2; i < argc; ++i)
+        command += L'"' + CString(argv[i]) + L"\" ";
+    return argc > 2 && IsTaken(command) && IsGood(CString(argv[1])) ? 0 : 1;
 }
