@@ -13,6 +13,8 @@ set(CPACK_GENERATOR ZIP)
 find_program(VANT_MAKENSIS makensis)
 if(VANT_MAKENSIS)
   list(APPEND CPACK_GENERATOR NSIS)
+else()
+  message(STATUS "makensis is missing (scripts/setup package): no installer, and no test of it")
 endif()
 set(CPACK_PROJECT_CONFIG_FILE ${CMAKE_CURRENT_LIST_DIR}/package/Generators.cmake)
 
