@@ -78,6 +78,34 @@ TEST_F(FirstUse, LogsThatCannotBeWrittenAreOneAlarmAndOneLine)
     EXPECT_THAT(alarms, Not(HasSubstr("06010.003")));
 }
 
+TEST_F(FirstUse, WithoutAConsoleAMistakeIsShownInABox)
+{
+    const fs::path exe = TestDir() / "VantDemo.exe";
+    std::wstring line = L"\"" + exe.wstring() + L"\" --colour";
+    STARTUPINFOW start{};
+    start.cb = sizeof start;
+    start.dwFlags = STARTF_USESTDHANDLES; // none, as from a desktop
+    PROCESS_INFORMATION process{};
+    ASSERT_TRUE(::CreateProcessW(exe.c_str(), line.data(), nullptr, nullptr, FALSE, DETACHED_PROCESS, nullptr,
+                                 m_dir.c_str(), &start, &process));
+    HWND box = nullptr;
+    for (DWORD waited = 0; waited < patience && !box; waited += 20) {
+        ::Sleep(20);
+        box = ::FindWindowW(L"#32770", L"VantDemo");
+    }
+    ASSERT_TRUE(box);
+    DWORD owner = 0;
+    ::GetWindowThreadProcessId(box, &owner);
+    EXPECT_EQ(process.dwProcessId, owner);
+    ::PostMessageW(box, WM_COMMAND, IDOK, 0);
+    EXPECT_EQ(WAIT_OBJECT_0, ::WaitForSingleObject(process.hProcess, patience));
+    DWORD code = 0;
+    ::GetExitCodeProcess(process.hProcess, &code);
+    EXPECT_EQ(2U, code);
+    ::CloseHandle(process.hThread);
+    ::CloseHandle(process.hProcess);
+}
+
 TEST_F(FirstUse, AMovedDirectoryLogsToItself)
 {
     PutSettings(m_dir / "old");
