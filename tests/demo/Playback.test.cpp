@@ -1,9 +1,11 @@
 #include "demo/detail/Playback.h"
+#include "demo/detail/DepthShares.h"
 
 #include "Lines.h"
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <fstream>
 #include <iterator>
 
@@ -189,4 +191,17 @@ TEST(History, ForgetsTheOldest)
     history.Clear();
     history.Add(9);
     EXPECT_EQ(9, history[0]);
+}
+
+TEST(DepthShares, CountsWhatLiesInTheRange)
+{
+    demo::History<demo::DepthSample> soundings(100);
+    EXPECT_EQ((std::vector<double>{0, 0}), demo::DepthShares(soundings, 10, 20, 2));
+    for (const double depth :
+         {10.0, 14.9, 12.0, 13.0, 15.0, 19.9, 9.9, 20.0, 1e300, demo::missing, std::nan("")})
+        soundings.Add({0.0, depth});
+    EXPECT_EQ((std::vector<double>{1, 0.5}), demo::DepthShares(soundings, 10, 20, 2));
+    EXPECT_TRUE(demo::DepthShares(soundings, 20, 20, 2).empty());
+    EXPECT_TRUE(demo::DepthShares(soundings, 20, 10, 2).empty());
+    EXPECT_TRUE(demo::DepthShares(soundings, 10, 20, 0).empty());
 }
