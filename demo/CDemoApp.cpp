@@ -203,9 +203,9 @@ void CDemoApp::LoadSettings()
     m_log.Line(L"VantCore " + std::wstring(static_cast<LPCWSTR>(Vant::swVer)) + L", run " +
                std::to_wstring(m_settings.runs) +
                (found.isThere ? L", settings loaded" : L", no settings yet"));
-    m_log.Line(L"playing " + m_logPath + L": " + Counted(m_tape->Size(), L"lines, ") +
-               DurationText(m_tape->Duration()) + L" at " + FixedText(m_options.rate, 1) +
-               L" times its speed");
+    m_log.Line(L"playing " + fs::path(m_logPath).filename().wstring() + L": " +
+               Counted(m_tape->Size(), L"lines, ") + DurationText(m_tape->Duration()) + L" at " +
+               FixedText(m_options.rate, 1) + L" times its speed");
     if (!found.trouble.empty())
         Warn(found.trouble, found.kept.empty()
                                 ? L"The settings could not be read\nand are left as they are."
