@@ -58,8 +58,8 @@ constexpr State states[] = {stNormal, stHot, stFocused, stPressed, stDisabled};
 
 std::vector<std::unique_ptr<Canvas>> PicturesTest::DrawStates(CECtrl& ctrl, bool blank)
 {
-    CRect client;
-    ctrl.GetClientRect(&client);
+    CRect whole; // an edit field's frame is outside its client area
+    ctrl.GetWindowRect(&whole);
     const CEVal bound = ctrl;
     if (blank) {
         ctrl.text.Empty();
@@ -69,7 +69,7 @@ std::vector<std::unique_ptr<Canvas>> PicturesTest::DrawStates(CECtrl& ctrl, bool
     std::vector<std::unique_ptr<Canvas>> drawn;
     for (const State state : states) {
         Pose(ctrl, state, parent);
-        drawn.push_back(std::make_unique<Canvas>(client.Width(), client.Height()));
+        drawn.push_back(std::make_unique<Canvas>(whole.Width(), whole.Height()));
         DrawTo(ctrl, *drawn.back());
     }
     static_cast<CEVal&>(ctrl) = bound;

@@ -1,7 +1,9 @@
 #include "controls/CEBtn.h"
 #include "controls/CECb.h"
 #include "controls/CECheck.h"
+#include "controls/CEEdit.h"
 #include "controls/CELabel.h"
+#include "controls/CEList.h"
 #include "controls/CEText.h"
 #include "controls/PictureSheet.h"
 #include "resources/Ids.h"
@@ -11,6 +13,7 @@ namespace
 
 int none = 0, some = 1, all = 3;
 double depth = 1234.56;
+CString siteName = L"Gypsy 7", noName;
 Listener listener;
 
 template <class T>
@@ -38,6 +41,24 @@ std::unique_ptr<CELabel> Label(const wchar_t* text, int bar, bool clickable)
     if (clickable)
         label->SetCallback(&listener, Listener::Member());
     return label;
+}
+
+/** A list with more entries than it shows; blank: with the bar, the selection and no texts. */
+std::unique_ptr<CEList> List(bool blank)
+{
+    auto list = std::make_unique<CEList>();
+    list->rc = CRect(0, 0, 140, 64);
+    for (const wchar_t* text : {L"Range gate", L"Gypsy survey", L"Backscatter", L"Quality", L"Water column"})
+        list->Add(blank ? L"" : text);
+    list->Sel(1);
+    return list;
+}
+
+std::unique_ptr<CEEdit> Field(CString& bound)
+{
+    auto field = Make<CEEdit>(L"");
+    field->Init(bound);
+    return field;
 }
 
 std::unique_ptr<CEText> ReadOut(int framed, int alarm, UINT align)
@@ -90,6 +111,8 @@ TEST_F(PicturesTest, EveryStateIsSeenAtEveryScale)
         {"clickable label", [] { return Label(L"Sonar settings", CELabel::barNone, true); }},
         {"caption", [] { return Label(L"Sonar settings", CELabel::barCaption, false); }, false},
         {"category", [] { return Label(L"Sonar settings", CELabel::barCategory, true); }},
+        {"list", [] { return List(false); }, std::nullopt, true, [] { return List(true); }},
+        {"edit field", [] { return Field(siteName); }, std::nullopt, true, [] { return Field(noName); }},
         {"combo box", [] { return Make<CECb>(L"Backscatter, gypsy"); }},
         {"text", [] { return Make<CEText>(L"Depth below keel, gypsy, much longer"); }, false},
         {"value", [] { return ReadOut(0, 0, DT_RIGHT); }, false},
