@@ -7,6 +7,10 @@
 namespace vant::detail
 {
 
+// For clients that bind references to them.
+constexpr std::size_t LogFile::mostWaiting;
+constexpr unsigned LogFile::usualPause;
+
 void LogFile::Write(const CString& file, const CString& line)
 {
     const CString text = line + L"\r\n";
