@@ -45,7 +45,7 @@ BEGIN_MESSAGE_MAP(CBridge, CVantWnd)
     ON_WM_SIZE()
     ON_WM_GETMINMAXINFO()
     ON_WM_ACTIVATE()
-    ON_MESSAGE(WM_DPICHANGED, OnDpiChanged)
+    ON_MESSAGE(WM_DPICHANGED, &CBridge::OnDpiChanged)
 END_MESSAGE_MAP()
 
 CBridge::CBridge(Session& session)

@@ -75,7 +75,10 @@ def system_includes():
 
 
 def defines_of(name):
-    return DEFINES + (["VANTAFX_BUILDING_DLL"] if name.startswith("afx/") else [])
+    ours = ["VANTAFX_BUILDING_DLL"] if name.startswith("afx/") else []
+    if name.startswith("platform/"):
+        ours.append('VANT_VERSION_TEXT=L""')  # the build puts the version there
+    return DEFINES + ours
 
 
 def include_flags():
