@@ -245,8 +245,8 @@ void CDemoApp::ShowWarning()
              L"This computer offers\nno OpenGL: the chart and\nthe orbit view stay empty.");
         m_log.Line(m_warnings.back().line);
     }
-    // A script's user watches the message boxes and would wonder; the console has every line.
-    if (!m_warnings.empty() && !m_options.script)
+    // A script or a tour watches the message boxes and would wonder; the console has every line.
+    if (!m_warnings.empty() && !m_options.script && !m_options.tour)
         Vant::MsgBox(Vant::msgWarnIcon, L"%s", m_warnings.front().box.c_str());
 }
 
