@@ -64,6 +64,11 @@ list(LENGTH examples count)
 if(count LESS 4)
   message(FATAL_ERROR "The archive has hardly any examples: ${examples}")
 endif()
+# Each is a project of its own, which finds the library two folders up.
+foreach(example IN LISTS examples)
+  step("Configuring ${example} alone" ${CMAKE_COMMAND} -S "${root}/examples/${example}" -B ${WORK_DIR}/alone/${example}
+    ${options})
+endforeach()
 
 # try(NAME PROGRAM ARG...): runs a program, in a folder of its own, that takes a picture.
 function(try name)
