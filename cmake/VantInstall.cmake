@@ -54,8 +54,8 @@ install(FILES ${PROJECT_SOURCE_DIR}/README.md ${PROJECT_SOURCE_DIR}/CHANGELOG.md
   DESTINATION . COMPONENT documentation)
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs/
   DESTINATION docs COMPONENT documentation
-  FILES_MATCHING PATTERN "*.md" PATTERN "*.png"
-  PATTERN site EXCLUDE PATTERN snippets EXCLUDE)
+  FILES_MATCHING PATTERN "*.md" PATTERN "*.png" PATTERN "*.cpp"
+  PATTERN site EXCLUDE)
 # The pages as a site with the interface's reference, where ./run-docs has built it.
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/build/site/
   DESTINATION docs/html COMPONENT documentation OPTIONAL)
