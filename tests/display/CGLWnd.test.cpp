@@ -354,8 +354,8 @@ TEST_F(CGLWndTest, RoundsOfWindowsWithPixelBuffersLeaveNothingBehind)
     EXPECT_EQ(ListCount(keeper), lists);
     EXPECT_EQ(vant::test::GdiObjectCount(), gdi);
     EXPECT_EQ(vant::test::KernelHandleCount(), handles);
-    // A context takes megabytes, a buffer's pixels or a set of glyphs a quarter of one: 10 MB in 40 rounds. The
-    // heap's own play is 2.5 to 5.6 MB, in 200 rounds as well.
+    // A context takes megabytes, a buffer's pixels or a set of glyphs a quarter of one: 10 MB in 40 rounds.
+    // The heap's own play is 2.5 to 5.6 MB, in 200 rounds as well.
     EXPECT_LT(grown, 1024LL * (7168 + 32 * rounds));
     Pbuffers() = real;
 }
