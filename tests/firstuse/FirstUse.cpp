@@ -2,10 +2,26 @@
 
 #include <algorithm>
 
-FirstUse::FirstUse()
-    : m_dir(fs::temp_directory_path() / (std::string("firstuse-") + std::to_string(::GetCurrentProcessId())))
+namespace
 {
-    fs::create_directories(m_dir);
+
+/** A directory that nobody has. The machines of these tests share a drive and count their processes each for
+ * itself, so that a process's number alone would be another one's too. */
+fs::path OwnDirectory()
+{
+    for (int number = 0;; ++number) {
+        fs::path dir = fs::temp_directory_path() /
+                       ("firstuse-" + std::to_string(::GetCurrentProcessId()) + "-" + std::to_string(number));
+        if (fs::create_directory(dir))
+            return dir;
+    }
+}
+
+} // namespace
+
+FirstUse::FirstUse()
+    : m_dir(OwnDirectory())
+{
 }
 
 FirstUse::~FirstUse()
