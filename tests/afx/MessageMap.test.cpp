@@ -124,12 +124,11 @@ protected:
 };
 
 BEGIN_TEMPLATE_MESSAGE_MAP(Holder, Unit, CWnd)
-ON_MESSAGE(OwnMessage, &ThisClass::OnAdd)
-END_MESSAGE_MAP
-()
+    ON_MESSAGE(OwnMessage, &ThisClass::OnAdd)
+END_MESSAGE_MAP()
 
-    /** A control that handles what it tells its parent. */
-    class Control : public CWnd
+/** A control that handles what it tells its parent. */
+class Control : public CWnd
 {
 public:
     Log log;
