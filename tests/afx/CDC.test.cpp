@@ -1,3 +1,4 @@
+#include "afx/Thrown.h"
 #include "support/GdiCount.h"
 
 #include <afxwin.h>
@@ -208,7 +209,7 @@ TEST(GdiLifetime, TenThousandRoundsEndWhereTheyBegan)
     EXPECT_EQ(vant::test::GdiObjectCount(), before);
 }
 
-TEST(GdiLifetime, CreatingAnewFreesTheOldObject)
+TEST(GdiLifetime, ADeletedObjectMayBeCreatedAnew)
 {
     CBitmap bitmap;
     ASSERT_TRUE(bitmap.CreateBitmap(2, 2, 1, 32, nullptr));
@@ -225,14 +226,5 @@ TEST(GdiLifetime, CreatingAnewFreesTheOldObject)
     EXPECT_EQ(size.bmWidth, 2);
     EXPECT_EQ(vant::test::GdiObjectCount(), before);
     EXPECT_FALSE(bitmap.LoadBitmap(12345U)) << "no such resource";
-    EXPECT_THROW(
-        {
-            try {
-                CBrush pattern(static_cast<CBitmap*>(nullptr));
-            } catch (CException* e) {
-                e->Delete();
-                throw 1;
-            }
-        },
-        int);
+    EXPECT_TRUE(Throws<CResourceException>([] { CBrush pattern(static_cast<CBitmap*>(nullptr)); }));
 }

@@ -1,7 +1,9 @@
 #include <afx.h>
 
+#include "afx/Thrown.h"
+#include "support/GermanLocale.h"
+
 #include <climits>
-#include <clocale>
 #include <cmath>
 #include <gtest/gtest.h>
 #include <string>
@@ -160,12 +162,10 @@ TEST(CString, FormatsFloatingNumbers)
 
 TEST(CString, FormatsWithADecimalPointInEveryLocale)
 {
-    const std::string before = std::setlocale(LC_ALL, nullptr);
-    if (std::setlocale(LC_ALL, "German_Germany.1252") == nullptr)
+    const vant::test::GermanLocale locale;
+    if (!locale.IsActive())
         GTEST_SKIP() << "this system has no German locale";
-    const CString text = Formatted(L"%.2f %g", 1.25, 0.5);
-    std::setlocale(LC_ALL, before.c_str());
-    EXPECT_EQ(text, L"1.25 0.5");
+    EXPECT_EQ(Formatted(L"%.2f %g", 1.25, 0.5), L"1.25 0.5");
 }
 
 TEST(CString, FormatsResultsOfAnyLength)
@@ -184,14 +184,7 @@ TEST(CString, FormatsResultsOfAnyLength)
 TEST(CString, ExhaustedMemoryLeavesTheTextAlone)
 {
     CString text = L"kept";
-    bool thrown = false;
-    try {
-        text.Preallocate(INT_MAX);
-    } catch (CMemoryException* e) {
-        thrown = true;
-        e->Delete();
-    }
-    EXPECT_TRUE(thrown);
+    EXPECT_TRUE(Throws<CMemoryException>([&text] { text.Preallocate(INT_MAX); }));
     EXPECT_EQ(text, L"kept");
 }
 
@@ -312,16 +305,7 @@ TEST(CString, LendsItsBuffer)
     std::wmemset(text.GetBufferSetLength(5), L'z', 5);
     text.ReleaseBuffer(5);
     EXPECT_EQ(text, L"zzzzz");
-    EXPECT_THROW(
-        {
-            try {
-                text.ReleaseBuffer(1'000'000);
-            } catch (CInvalidArgException* e) {
-                e->Delete();
-                throw 1;
-            }
-        },
-        int);
+    EXPECT_TRUE(Throws<CInvalidArgException>([&text] { text.ReleaseBuffer(1'000'000); }));
 }
 
 TEST(CString, ConvertsToAndFromTheCodePage)

@@ -22,3 +22,16 @@ int ThrownCause(auto&& action)
     ADD_FAILURE() << "no exception";
     return -1;
 }
+
+/** Runs @p action. @return Whether it throws an @p Exception, which is freed. */
+template <class Exception>
+bool Throws(auto&& action)
+{
+    try {
+        action();
+    } catch (Exception* e) {
+        e->Delete();
+        return true;
+    }
+    return false;
+}

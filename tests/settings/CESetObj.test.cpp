@@ -2,8 +2,8 @@
 
 #include "core/CMat.h"
 #include "core/CV3.h"
+#include "tests/support/GermanLocale.h"
 
-#include <clocale>
 #include <limits>
 
 namespace
@@ -46,15 +46,6 @@ CString Text(const wchar_t* text)
 {
     return text;
 }
-
-struct SetLocale {
-    SetLocale()
-        : german(std::setlocale(LC_ALL, "German_Germany.1252") != nullptr)
-    {
-    }
-    ~SetLocale() { std::setlocale(LC_ALL, "C"); }
-    const bool german;
-};
 
 } // namespace
 
@@ -103,8 +94,8 @@ TEST(CESetObjItem, WritesDoublesWithSixDigitsAndAPoint)
 
 TEST(CESetObjItem, KnowsNoDecimalComma)
 {
-    const SetLocale locale;
-    if (!locale.german)
+    const vant::test::GermanLocale locale;
+    if (!locale.IsActive())
         GTEST_SKIP() << "this system has no German locale";
     EXPECT_EQ(Written(0.5), "0.5");
     EXPECT_EQ(Written(CV3(0.5, 1.5, 2.5)), "0.5, 1.5, 2.5");

@@ -10,6 +10,7 @@
 #include <gmock/gmock.h>
 
 #include "support/EveryType.h"
+#include "values/Bound.h"
 #include "values/CStrVal.h"
 
 using testing::ElementsAre;
@@ -56,14 +57,6 @@ void ListenToAll(CEVal& value, Listener& listener)
     value.SetCallback(&listener, static_cast<CEVal::CbDouble>(&Listener::Double));
     value.SetCallback(&listener, static_cast<CEVal::CbInt>(&Listener::Int));
     value.SetCallback(&listener, static_cast<CEVal::CbNone>(&Listener::None));
-}
-
-template <class T>
-CEVal Bound(T& variable)
-{
-    CEVal value;
-    value.Init(variable);
-    return value;
 }
 
 template <class T>
