@@ -1,8 +1,7 @@
-#include "TempDir.h"
-
 #include <afx.h>
 
 #include "afx/src/detail/BlockCache.h"
+#include "support/TempDir.h"
 
 #include <gtest/gtest.h>
 
@@ -130,7 +129,7 @@ TEST(BlockCache, TextsOutliveTheThreadThatMadeThem)
 
 TEST(BlockCache, GoesWithItsModule)
 {
-    const TempDir dir;
+    const vant::test::TempDir dir;
     wchar_t path[MAX_PATH + 1] = {};
     ::GetModuleFileNameW(::GetModuleHandleW(L"VantAfx.dll"), path, MAX_PATH);
     // Another name makes it another module, with a cache of its own.

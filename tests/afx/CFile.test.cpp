@@ -1,7 +1,7 @@
 #include <afx.h>
 
-#include "afx/TempDir.h"
 #include "afx/Thrown.h"
+#include "support/TempDir.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>
@@ -12,6 +12,8 @@ namespace
 {
 
 constexpr LPCWSTR fullDevice = L"Z:\\dev\\full"; // every write to it finds the disk full
+using vant::test::TempDir;
+
 
 bool HasFullDevice()
 {

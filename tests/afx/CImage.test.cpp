@@ -1,4 +1,5 @@
 #include "support/GdiCount.h"
+#include "support/TempDir.h"
 
 #include <atlimage.h>
 #include <gtest/gtest.h>
@@ -9,29 +10,11 @@
 namespace
 {
 
+using vant::test::TempDir;
+
 constexpr COLORREF Red = RGB(255, 0, 0);
 constexpr COLORREF Green = RGB(0, 255, 0);
 constexpr COLORREF Blue = RGB(0, 0, 255);
-
-/** A file name in the temporary folder; the file goes with the object. */
-class TemporaryFile
-{
-public:
-    explicit TemporaryFile(const wchar_t* name)
-    {
-        wchar_t folder[MAX_PATH] = {};
-        ::GetTempPathW(MAX_PATH, folder);
-        m_path.Format(L"%svant-image-%u-%s", folder, static_cast<unsigned>(::GetCurrentProcessId()), name);
-    }
-    ~TemporaryFile() { ::DeleteFileW(m_path); }
-    TemporaryFile(const TemporaryFile&) = delete;
-    TemporaryFile& operator=(const TemporaryFile&) = delete;
-    operator LPCWSTR() const { return m_path; }
-    bool Exists() const { return ::GetFileAttributesW(m_path) != INVALID_FILE_ATTRIBUTES; }
-
-private:
-    CString m_path;
-};
 
 /** Red over green, with a blue block at the right of the top. */
 void Paint(CImage& image)
@@ -58,7 +41,8 @@ class Encoders : public testing::TestWithParam<const wchar_t*>
 
 TEST_P(Encoders, BringBackWhatWasSaved)
 {
-    const TemporaryFile file(GetParam());
+    const TempDir dir;
+    const CString file = dir.Path(GetParam());
     // JPEG is not exact, and mixes colours within blocks of 16 pixels.
     constexpr int Tolerance = 12;
     for (const int depth : {24, 32}) {
@@ -84,12 +68,13 @@ INSTANTIATE_TEST_SUITE_P(CImage, Encoders,
 
 TEST(CImage, TheFormatCanBeNamedInsteadOfTheExtension)
 {
-    const TemporaryFile file(L"picture.bin");
+    const TempDir dir;
+    const CString file = dir.Path(L"picture.bin");
     CImage image;
     ASSERT_TRUE(image.Create(8, 8, 24));
     Paint(image);
     EXPECT_TRUE(FAILED(image.Save(file))) << "no encoder has this extension";
-    EXPECT_FALSE(file.Exists());
+    EXPECT_TRUE(dir.Files().empty());
     ASSERT_EQ(image.Save(file, Gdiplus::ImageFormatPNG), S_OK);
     CImage back;
     ASSERT_EQ(back.Load(file), S_OK);
@@ -106,7 +91,8 @@ TEST(CImage, TheFormatCanBeNamedInsteadOfTheExtension)
 
 TEST(CImage, MoreColoursThanAGifHoldsMoveToTheNearest)
 {
-    const TemporaryFile file(L"ramp.gif");
+    const TempDir dir;
+    const CString file = dir.Path(L"ramp.gif");
     CImage image;
     ASSERT_TRUE(image.Create(64, 64, 24));
     for (int y = 0; y < 64; ++y)
@@ -128,7 +114,8 @@ TEST(CImage, FailuresSayWhy)
     EXPECT_EQ(image.Load(L"C:\\no such file.png"), HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND));
     EXPECT_TRUE(image.IsNull()) << "an image that cannot be loaded is none";
 
-    const TemporaryFile file(L"noise.png");
+    const TempDir dir;
+    const CString file = dir.Path(L"noise.png");
     const HANDLE raw = ::CreateFileW(file, GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
     DWORD written = 0;
     ::WriteFile(raw, "\x89PNG\r\n\x1a\nnoise", 13, &written, nullptr);
@@ -171,7 +158,8 @@ TEST(CImage, RowsLieAsAsked)
 
 TEST(CImage, OpacitySurvivesAFileAndIsDrawn)
 {
-    const TemporaryFile file(L"alpha.png");
+    const TempDir dir;
+    const CString file = dir.Path(L"alpha.png");
     {
         CImage image;
         ASSERT_TRUE(image.Create(4, 4, 32, CImage::createAlphaChannel));

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "settings/CESet.h"
+#include "tests/support/TempDir.h"
 
 #include <gtest/gtest.h>
 
@@ -9,7 +10,6 @@
 #include <sstream>
 #include <string>
 #include <string_view>
-#include <vector>
 #include <windows.h>
 
 namespace support
@@ -40,47 +40,11 @@ inline std::string Narrow(const wchar_t* text)
     return Narrow(std::wstring_view(text));
 }
 
-/** A directory of the test's own, which goes with all its files. */
-class TempDir
+/** Names the file that most tests need. */
+class TempDir : public vant::test::TempDir
 {
 public:
-    TempDir()
-    {
-        wchar_t base[MAX_PATH] = {};
-        GetTempPathW(MAX_PATH, base);
-        static int s_number = 0;
-        m_path = std::wstring(base) + L"vant-settings-" + std::to_wstring(GetCurrentProcessId()) + L"-" +
-                 std::to_wstring(++s_number);
-        CreateDirectoryW(m_path.c_str(), nullptr);
-    }
-    TempDir(const TempDir&) = delete;
-    TempDir& operator=(const TempDir&) = delete;
-    ~TempDir()
-    {
-        for (const std::wstring& name : Files())
-            DeleteFileW((m_path + L"\\" + name).c_str());
-        RemoveDirectoryW(m_path.c_str());
-    }
-
-    CString File(const wchar_t* name = L"VantApp.xml") const { return (m_path + L"\\" + name).c_str(); }
-
-    std::vector<std::wstring> Files() const
-    {
-        std::vector<std::wstring> names;
-        WIN32_FIND_DATAW found = {};
-        const HANDLE search = FindFirstFileW((m_path + L"\\*").c_str(), &found);
-        if (search == INVALID_HANDLE_VALUE)
-            return names;
-        do {
-            if ((found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0)
-                names.emplace_back(found.cFileName);
-        } while (FindNextFileW(search, &found));
-        FindClose(search);
-        return names;
-    }
-
-private:
-    std::wstring m_path;
+    CString File(const wchar_t* name = L"VantApp.xml") const { return Path(name); }
 };
 
 inline void WriteBytes(const CString& file, std::string_view bytes)
