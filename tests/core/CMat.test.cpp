@@ -1,7 +1,7 @@
 #include "core/CMat.h"
 
-#include "core/FatalMemory.h"
 #include "core/Geometry.h"
+#include "support/FatalMemory.h"
 
 #include <afx.h>
 
@@ -11,6 +11,9 @@
 
 namespace
 {
+
+using vant::test::LeaveNoRoomBeyond;
+using vant::test::PrintFatalErrors;
 
 bool Same(const CMat& a, const CMat& b)
 {

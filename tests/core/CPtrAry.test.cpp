@@ -1,7 +1,7 @@
 #include "core/CPtrAry.h"
 
 #include "core/Counted.h"
-#include "core/FatalMemory.h"
+#include "support/FatalMemory.h"
 
 #include <afx.h>
 
@@ -14,6 +14,7 @@ namespace
 {
 
 using testing::ElementsAre;
+using vant::test::PrintFatalErrors;
 using Array = CPtrAry<Counted>;
 
 std::vector<int> Values(const Array& array)

@@ -1,6 +1,6 @@
 #include "core/CStatBuf.h"
 
-#include "core/FatalMemory.h"
+#include "support/FatalMemory.h"
 
 #include <algorithm>
 #include <cmath>
@@ -15,6 +15,9 @@
 
 namespace
 {
+
+using vant::test::LeaveNoRoomBeyond;
+using vant::test::PrintFatalErrors;
 
 CStatBuf Filled(unsigned size, std::initializer_list<double> samples)
 {

@@ -1,28 +1,17 @@
 #include "platform/EUtil.h"
 
 #include "platform/PlatformTest.h"
+#include "support/FatalMemory.h"
 #include "support/NoLargeBlocks.h"
 
-#include <cstdio>
+#include <cstdlib>
 #include <cstring>
 
 namespace
 {
 
-using vant::detail::Calls;
-
-void PrintInsteadOfShowing()
-{
-    Calls().showFatalError = [](LPCWSTR text, LPCWSTR caption) {
-        std::fprintf(stderr, "[%ls] %ls\n", caption, text);
-        std::fflush(stderr);
-    };
-}
-
-void LeaveNoRoom()
-{
-    Calls().reallocate = [](void*, std::size_t) -> void* { return nullptr; };
-}
+using vant::test::LeaveNoRoomBeyond;
+using vant::test::PrintFatalErrors;
 
 } // namespace
 
@@ -52,14 +41,14 @@ TEST(EUtilDeathTest, FatalErrorsNameTheApplicationAndTheCause)
     GTEST_FLAG_SET(death_test_style, "threadsafe");
     EXPECT_EXIT(
         {
-            PrintInsteadOfShowing();
+            PrintFatalErrors();
             Vant::appTitle = L"Boat";
             EUtil::FatalErr(L"no keel");
         },
-        testing::ExitedWithCode(1), "Boat has to exit due to an error\r?\nCause: no keel");
+        testing::ExitedWithCode(1), "\\[Boat\\] Boat has to exit due to an error\r?\nCause: no keel");
     EXPECT_EXIT(
         {
-            PrintInsteadOfShowing();
+            PrintFatalErrors();
             EUtil::FatalMemErr(L"sounder");
         },
         testing::ExitedWithCode(1),
@@ -71,15 +60,15 @@ TEST(EUtilDeathTest, ExhaustedMemoryEndsTheProcess)
     GTEST_FLAG_SET(death_test_style, "threadsafe");
     EXPECT_EXIT(
         {
-            PrintInsteadOfShowing();
-            LeaveNoRoom();
+            PrintFatalErrors();
+            LeaveNoRoomBeyond(0);
             EUtil::Malloc(0xFFFFFFFF);
         },
         testing::ExitedWithCode(1), "Cause: Malloc cannot allocate -1 bytes");
     EXPECT_EXIT(
         {
-            PrintInsteadOfShowing();
-            LeaveNoRoom();
+            PrintFatalErrors();
+            LeaveNoRoomBeyond(0);
             EUtil::Realloc(nullptr, 0x7FFFFFFF);
         },
         testing::ExitedWithCode(1), "Cause: Realloc cannot allocate 2147483647 bytes");
@@ -94,7 +83,7 @@ TEST(EUtilDeathTest, ExhaustedMemoryEndsTheProcessWhicheverWayItWasAskedFor)
                              "Cause: New cannot allocate memory";
     EXPECT_EXIT(
         {
-            PrintInsteadOfShowing();
+            PrintFatalErrors();
             Vant::Init();
             const vant::test::NoLargeBlocks exhausted(L"VantAfx.dll");
             const CString text(L'x', large);
@@ -102,7 +91,7 @@ TEST(EUtilDeathTest, ExhaustedMemoryEndsTheProcessWhicheverWayItWasAskedFor)
         testing::ExitedWithCode(1), message);
     EXPECT_EXIT(
         {
-            PrintInsteadOfShowing();
+            PrintFatalErrors();
             Vant::Init();
             const CString text(L'x', large);
             const vant::test::NoLargeBlocks exhausted(L"VantCore.dll");

@@ -2,14 +2,18 @@
 
 #include "platform/detail/SystemCalls.h"
 
+#include <cstddef>
 #include <cstdio>
 #include <cstdlib>
 
-/** Prints the last message of a process that is about to die instead of showing it. */
+namespace vant::test
+{
+
+/** Prints the last message of a process that is about to die, "[caption] text", instead of showing it. */
 inline void PrintFatalErrors()
 {
-    vant::detail::Calls().showFatalError = [](LPCWSTR text, LPCWSTR) {
-        std::fprintf(stderr, "%ls\n", text);
+    vant::detail::Calls().showFatalError = [](LPCWSTR text, LPCWSTR caption) {
+        std::fprintf(stderr, "[%ls] %ls\n", caption, text);
         std::fflush(stderr);
     };
 }
@@ -23,3 +27,5 @@ inline void LeaveNoRoomBeyond(std::size_t bytes)
         return size <= room ? std::realloc(block, size) : nullptr;
     };
 }
+
+} // namespace vant::test
