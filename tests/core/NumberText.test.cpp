@@ -55,7 +55,8 @@ void ForManyDoubles(Check check)
     }
 }
 
-std::string Shortest(double value, std::chars_format format, int precision)
+/** The text of the standard library, which is exact. */
+std::string Exact(double value, std::chars_format format, int precision)
 {
     std::array<char, 1500> text;
     return {text.data(), std::to_chars(text.data(), text.data() + text.size(), value, format, precision).ptr};
@@ -109,9 +110,9 @@ TEST(NumberTextWriting, AgreesWithTheExactConversionEverywhere)
         if (std::isnan(value)) {
             value = std::fabs(value); // whose sign is not shown
         }
-        ASSERT_EQ(General(value), Shortest(value, std::chars_format::general, 6));
+        ASSERT_EQ(General(value), Exact(value, std::chars_format::general, 6));
         for (const int decimals : {0, 2, 3, 9, 12}) {
-            ASSERT_EQ(Fixed(value, decimals), Shortest(value, std::chars_format::fixed, decimals));
+            ASSERT_EQ(Fixed(value, decimals), Exact(value, std::chars_format::fixed, decimals));
         }
     });
 }
@@ -234,7 +235,7 @@ TEST(NumberTextReading, AgreesWithTheExactConversionEverywhere)
             return;
         }
         for (const int precision : {3, 16, 30}) {
-            const std::string text = Shortest(value, std::chars_format::scientific, precision);
+            const std::string text = Exact(value, std::chars_format::scientific, precision);
             double expected = 0;
             if (std::from_chars(text.data(), text.data() + text.size(), expected).ec == std::errc{}) {
                 ASSERT_EQ(Double(text).value, expected) << text;

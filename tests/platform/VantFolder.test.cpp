@@ -137,7 +137,7 @@ TEST_F(VantFolder, CancellingKeepsTheFolder)
     EXPECT_EQ(Text(dir), start);
 }
 
-TEST_F(VantFolder, AFieldToTypeIntIsThereOnDemand)
+TEST_F(VantFolder, AFieldToTypeInIsThereOnDemand)
 {
     const ScreenLock screen;
     CString dir = TempDir().c_str();
