@@ -94,7 +94,6 @@ public:
     {
         MSG msg;
         ::PeekMessageW(&msg, nullptr, 0, 0, PM_NOREMOVE); // makes the queue
-        s_ready.SetEvent();
         return TRUE;
     }
     BOOL PreTranslateMessage(MSG* pMsg) override
@@ -106,21 +105,25 @@ public:
     BOOL OnIdle(LONG lCount) override
     {
         s_idle = lCount;
-        return lCount < 3;
+        if (lCount < idleCalls)
+            return TRUE;
+        s_rests.SetEvent();
+        return FALSE;
     }
     int ExitInstance() override { return s_exitCode = CWinThread::ExitInstance(); }
 
-    static CEvent s_ready;
+    static constexpr LONG idleCalls = 3;
+    static CEvent s_rests; // after that many calls of OnIdle
     static CEvent s_gone;
     static std::atomic<int> s_sum;
     static std::atomic<LONG> s_idle;
     static std::atomic<int> s_exitCode;
 };
 
-CEvent CPump::s_ready(FALSE, TRUE);
+CEvent CPump::s_rests;
 CEvent CPump::s_gone(FALSE, TRUE);
 std::atomic<int> CPump::s_sum{0};
-std::atomic<LONG> CPump::s_idle{0};
+std::atomic<LONG> CPump::s_idle{-1};
 std::atomic<int> CPump::s_exitCode{0};
 
 IMPLEMENT_DYNCREATE(CPump, CWinThread)
@@ -163,14 +166,15 @@ TEST(CWinThread, PumpsMessages)
 {
     CWinThread* const thread = AfxBeginThread(RUNTIME_CLASS(CPump));
     ASSERT_NE(thread, nullptr);
-    ASSERT_TRUE(CPump::s_ready.Lock(soon));
+    ASSERT_TRUE(CPump::s_rests.Lock(soon)) << "without messages it is idle";
+    EXPECT_EQ(CPump::s_idle, CPump::idleCalls);
     EXPECT_TRUE(thread->PostThreadMessage(WM_APP, 3, 0));
+    ASSERT_TRUE(CPump::s_rests.Lock(soon)) << "and again after one";
     EXPECT_TRUE(thread->PostThreadMessage(WM_APP, 4, 0));
     EXPECT_TRUE(thread->PostThreadMessage(WM_QUIT, 5, 0));
     ASSERT_TRUE(CPump::s_gone.Lock(soon));
     EXPECT_EQ(CPump::s_sum, 7);
     EXPECT_EQ(CPump::s_exitCode, 5);
-    EXPECT_GE(CPump::s_idle, 0);
 }
 
 TEST(CMutex, IsOwnedByOneThread)
