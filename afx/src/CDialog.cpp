@@ -92,7 +92,9 @@ CDialog::~CDialog() = default;
 
 BOOL CDialog::CreateFrom(LPCDLGTEMPLATE dialogTemplate, HWND owner, HINSTANCE module)
 {
-    if (dialogTemplate == nullptr || m_hWnd != nullptr) {
+    if (m_hWnd != nullptr)
+        return FALSE;
+    if (dialogTemplate == nullptr) {
         PostNcDestroy();
         return FALSE;
     }

@@ -16,6 +16,8 @@ CFrameWnd::CFrameWnd() noexcept = default;
 BOOL CFrameWnd::Create(LPCTSTR lpszClassName, LPCTSTR lpszWindowName, DWORD dwStyle, const RECT& rect,
                        CWnd* pParentWnd, LPCTSTR lpszMenuName, DWORD dwExStyle, CCreateContext* pContext)
 {
+    if (m_hWnd != nullptr)
+        return FALSE;
     HMENU menu = nullptr;
     if (lpszMenuName != nullptr) {
         menu = ::LoadMenuW(::AfxFindResourceHandle(lpszMenuName, RT_MENU), lpszMenuName);

@@ -130,6 +130,8 @@ BOOL CWnd::CreateEx(DWORD dwExStyle, LPCTSTR lpszClassName, LPCTSTR lpszWindowNa
                     int y, int nWidth, int nHeight, HWND hWndParent, HMENU nIDorHMenu, LPVOID lpParam)
 {
     CREATESTRUCT cs{};
+    if (m_hWnd != nullptr)
+        return FALSE;
     cs.dwExStyle = dwExStyle;
     cs.lpszClass = lpszClassName;
     cs.lpszName = lpszWindowName;
@@ -142,7 +144,7 @@ BOOL CWnd::CreateEx(DWORD dwExStyle, LPCTSTR lpszClassName, LPCTSTR lpszWindowNa
     cs.hMenu = nIDorHMenu;
     cs.hInstance = ::AfxGetInstanceHandle();
     cs.lpCreateParams = lpParam;
-    if (m_hWnd != nullptr || !PreCreateWindow(cs)) {
+    if (!PreCreateWindow(cs)) {
         PostNcDestroy();
         return FALSE;
     }

@@ -61,6 +61,7 @@ public:
 
     int init = 0;
     int actions = 0;
+    int gone = 0;
     bool ownerEnabled = true;
     bool destroyInstead = false;
     UINT atStart = ActionId;
@@ -88,6 +89,7 @@ protected:
         else
             EndDialog(77);
     }
+    void PostNcDestroy() override { ++gone; }
     DECLARE_MESSAGE_MAP()
 };
 
@@ -168,7 +170,9 @@ TEST_F(DialogTest, ModelessStaysUntilDestroyed)
     EXPECT_EQ(text, L"filled");
     modeless.ShowWindow(SW_SHOW);
     vant::test::PumpPending();
-    EXPECT_NE(modeless.m_hWnd, nullptr);
+    EXPECT_FALSE(modeless.CreateIndirect(definition.Get(), &owner)) << "one window at a time";
+    EXPECT_EQ(modeless.gone, 0);
+    ASSERT_NE(modeless.m_hWnd, nullptr);
     EXPECT_FALSE(modeless.IsWindowVisible()) << "OK only hides it";
     EXPECT_TRUE(owner.IsWindowEnabled());
     EXPECT_TRUE(modeless.DestroyWindow());

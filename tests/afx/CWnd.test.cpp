@@ -197,7 +197,8 @@ TEST(CWndCreation, FailureEndsInPostNcDestroyOnce)
     failed.failCreate = FALSE;
     EXPECT_TRUE(failed.Open()) << "the object can be used again";
     EXPECT_FALSE(failed.Open()) << "but has one window at a time";
-    EXPECT_NE(failed.m_hWnd, nullptr);
+    EXPECT_TRUE(::IsWindow(failed.m_hWnd));
+    EXPECT_EQ(failed.gone, 1) << "which a second creation leaves alone";
 }
 
 TEST(CWndCreation, AChildTellsItsParentAndDiesWithIt)
@@ -360,7 +361,8 @@ TEST(CFrameWndLife, FreesItselfAndPaintsItsBackground)
     };
     auto* frame = new Frame;
     ASSERT_TRUE(frame->Create(nullptr, L"frame", WS_POPUP, CRect(0, 0, 100, 80)));
-    EXPECT_EQ(s_alive, 1);
+    EXPECT_FALSE(frame->Create(nullptr, L"again", WS_POPUP, CRect(0, 0, 100, 80)));
+    ASSERT_EQ(s_alive, 1) << "a second creation frees nothing";
     frame->SendMessage(WM_CLOSE);
     EXPECT_EQ(s_alive, 0);
     EXPECT_FALSE((new Frame)->Create(L"no such class", L"frame"));

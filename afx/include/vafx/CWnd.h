@@ -65,7 +65,8 @@ public:
     ///@}
 
     /** @name Life
-     *  Creating functions return FALSE on failure; PostNcDestroy has then been called. */
+     *  Creating functions return FALSE on failure; PostNcDestroy has then been called. An object that has a
+     * window keeps it: creating another one returns FALSE and does nothing. */
     ///@{
     /** Makes a child window. @param lpszClassName A registered class; null: a plain one without background.
      */
