@@ -79,6 +79,7 @@ BOOL CDC::Attach(HDC hDC)
 {
     if (hDC == nullptr)
         return FALSE;
+    Detach();
     vafx::detail::SetPermanent(HandleKind::DeviceContext, hDC, this);
     m_hDC = hDC;
     SetAttribDC(hDC);

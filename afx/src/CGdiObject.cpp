@@ -56,6 +56,7 @@ BOOL CGdiObject::Attach(HGDIOBJ hObject)
 {
     if (hObject == nullptr)
         return FALSE;
+    Detach();
     vafx::detail::SetPermanent(HandleKind::GdiObject, hObject, this);
     m_hObject = hObject;
     return TRUE;

@@ -77,6 +77,7 @@ BOOL CWnd::Attach(HWND hWndNew)
 {
     if (hWndNew == nullptr)
         return FALSE;
+    Detach();
     vafx::detail::SetPermanent(HandleKind::Window, hWndNew, this);
     m_hWnd = hWndNew;
     return TRUE;
@@ -129,9 +130,9 @@ BOOL CWnd::CreateEx(DWORD dwExStyle, LPCTSTR lpszClassName, LPCTSTR lpszWindowNa
 BOOL CWnd::CreateEx(DWORD dwExStyle, LPCTSTR lpszClassName, LPCTSTR lpszWindowName, DWORD dwStyle, int x,
                     int y, int nWidth, int nHeight, HWND hWndParent, HMENU nIDorHMenu, LPVOID lpParam)
 {
-    CREATESTRUCT cs{};
     if (m_hWnd != nullptr)
         return FALSE;
+    CREATESTRUCT cs{};
     cs.dwExStyle = dwExStyle;
     cs.lpszClass = lpszClassName;
     cs.lpszName = lpszWindowName;

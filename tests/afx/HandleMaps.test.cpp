@@ -131,3 +131,28 @@ TEST(HandleMaps, GdiHandlesKnowTheirOwnerAndTheirKind)
     ASSERT_TRUE(memory.CreateCompatibleDC(nullptr));
     EXPECT_EQ(CDC::FromHandle(memory.m_hDC), &memory);
 }
+
+TEST(HandleMaps, AnObjectThatTakesAnotherHandleLetsGoOfTheFirst)
+{
+    // Whoever asks for the first handle later must not be given an object that may be gone by then.
+    const HPEN pens[] = {::CreatePen(PS_SOLID, 1, 0), ::CreatePen(PS_SOLID, 2, 0)};
+    const HDC contexts[] = {::CreateCompatibleDC(nullptr), ::CreateCompatibleDC(nullptr)};
+    const RawWindow windows[2];
+    CPen pen;
+    CDC dc;
+    CWnd wnd;
+    for (const int which : {0, 1}) {
+        pen.Attach(pens[which]);
+        dc.Attach(contexts[which]);
+        wnd.Attach(windows[which]);
+    }
+    EXPECT_EQ(CPen::FromHandle(pens[1]), &pen);
+    EXPECT_NE(CPen::FromHandle(pens[0]), &pen);
+    EXPECT_EQ(CDC::FromHandle(contexts[1]), &dc);
+    EXPECT_NE(CDC::FromHandle(contexts[0]), &dc);
+    EXPECT_EQ(CWnd::FromHandlePermanent(windows[1]), &wnd);
+    EXPECT_EQ(CWnd::FromHandlePermanent(windows[0]), nullptr);
+    EXPECT_TRUE(::DeleteObject(pens[0])) << "the handle is given up, not freed";
+    EXPECT_TRUE(::DeleteDC(contexts[0]));
+    wnd.Detach();
+}

@@ -35,7 +35,8 @@ public:
     HDC GetSafeHdc() const noexcept;
 
     /** @name Life
-     *  FromHandle finds the owning object or makes a temporary one; Detach gives the handle away. */
+     *  FromHandle finds the owning object or makes a temporary one; Detach gives the handle away, as Attach
+     * does with one that was here before. */
     ///@{
     static CDC* PASCAL FromHandle(HDC hDC);
     BOOL Attach(HDC hDC);

@@ -22,7 +22,8 @@ public:
      *  lasts until the thread is idle. Null for a null handle. */
     static CGdiObject* PASCAL FromHandle(HGDIOBJ hObject);
 
-    /** Takes ownership of @p hObject. @return FALSE for a null handle. */
+    /** Takes ownership of @p hObject; a handle that was here before is given up, not freed. @return FALSE for
+     * a null handle. */
     BOOL Attach(HGDIOBJ hObject);
     /** Gives the handle away; the object is empty then. */
     HGDIOBJ Detach();

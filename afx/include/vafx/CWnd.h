@@ -52,7 +52,8 @@ public:
     static CWnd* PASCAL FromHandlePermanent(HWND hWnd);
     /** Frees the thread's temporary objects. */
     static void PASCAL DeleteTempMap();
-    /** Ties a window that has no object to this one, without seeing its messages. */
+    /** Ties a window that has no object to this one, without seeing its messages. A window that was tied to
+     * it before is let go and lives on. */
     BOOL Attach(HWND hWndNew);
     /** Unties object and window. @return The window, which lives on. */
     HWND Detach();
