@@ -107,10 +107,9 @@ LRESULT HandleException(CException* e, const MSG& msg) noexcept
 /** For a window that has lost its object: what its class would do. */
 LRESULT DefaultOfClass(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
 {
-    const auto procedure = reinterpret_cast<WNDPROC>(::GetClassLongPtrW(window, GCLP_WNDPROC));
-    if (procedure == nullptr || procedure == &AfxWndProc)
-        return ::DefWindowProcW(window, message, wParam, lParam);
-    return ::CallWindowProcW(procedure, window, message, wParam, lParam);
+    const WNDPROC procedure = vafx::detail::ProcedureOfClass(window);
+    return procedure != nullptr ? ::CallWindowProcW(procedure, window, message, wParam, lParam)
+                                : ::DefWindowProcW(window, message, wParam, lParam);
 }
 
 /** One entry serves all WM_CTLCOLOR... messages. */

@@ -312,6 +312,9 @@ TEST(CWndSubclass, AnExistingWindowIsTakenOverAndGivenBack)
     edit.Detach();
     ::SendMessageW(plain, WM_CHAR, L'z', 1);
     EXPECT_EQ(TextOf(*CWnd::FromHandle(plain)), L"Qqz") << "without its object the control works on";
+    ASSERT_TRUE(second.SubclassWindow(plain));
+    ::SendMessageW(plain, WM_CHAR, L'q', 1);
+    EXPECT_EQ(TextOf(second), L"QqzQ") << "and under its next one it is still what its class makes it";
 }
 
 TEST(CWndState, StylesTextFontAndScrollBars)

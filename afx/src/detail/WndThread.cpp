@@ -64,6 +64,12 @@ void FreeTemporaries() noexcept
     thread.temporary.FreeDownTo(thread.temporaryFloor);
 }
 
+WNDPROC ProcedureOfClass(HWND window) noexcept
+{
+    const auto procedure = reinterpret_cast<WNDPROC>(::GetClassLongPtrW(window, GCLP_WNDPROC));
+    return procedure == &AfxWndProc ? nullptr : procedure;
+}
+
 BOOL WalkPreTranslate(HWND stop, MSG& msg)
 {
     for (HWND window = msg.hwnd; window != nullptr; window = ::GetParent(window)) {
@@ -147,8 +153,8 @@ void WndAccess::Bind(CWnd& object, HWND window)
     object.PreSubclassWindow();
     const auto old = reinterpret_cast<WNDPROC>(
         ::SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&AfxWndProc)));
-    if (old != &AfxWndProc)
-        object.m_super = old;
+    // A former object that let go of the window took with it what had been the procedure before.
+    object.m_super = old != &AfxWndProc ? old : detail::ProcedureOfClass(window);
 }
 
 void WndAccess::PostNcDestroy(CWnd& object)

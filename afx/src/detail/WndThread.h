@@ -34,6 +34,9 @@ WndThread& ThisThread();
 /** Frees the temporary objects that nothing up the stack may hold. */
 void FreeTemporaries() noexcept;
 
+/** What the window's class does with its messages; null where that is no more than AfxWndProc. */
+WNDPROC ProcedureOfClass(HWND window) noexcept;
+
 /** Offers @p msg to the PreTranslateMessage of its window and of that one's parents, up to @p stop. */
 BOOL WalkPreTranslate(HWND stop, MSG& msg);
 
