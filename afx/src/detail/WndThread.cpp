@@ -116,10 +116,11 @@ CreationHook::~CreationHook()
 
 void CreationHook::Unhook() noexcept
 {
-    if (m_hook == nullptr)
+    if (m_ended)
         return;
-    ::UnhookWindowsHookEx(m_hook);
-    m_hook = nullptr;
+    m_ended = true;
+    if (m_hook != nullptr)
+        ::UnhookWindowsHookEx(m_hook);
     WndThread& thread = ThisThread();
     thread.creating = m_outerCreating;
     thread.creatingClass = m_outerClass;

@@ -61,7 +61,8 @@ private:
     void Unhook() noexcept;
 
     CWnd& m_object;
-    HHOOK m_hook;
+    HHOOK m_hook; ///< Null when the system gave none; Finish ties the window then.
+    bool m_ended = false;
     CWnd* m_outerCreating;
     LPCWSTR m_outerClass;
     HWND m_outerCreated;
