@@ -2,7 +2,8 @@
 
 #include <algorithm>
 #include <cstring>
-#include <new>
+#include <exception>
+#include <limits>
 
 IMPLEMENT_DYNAMIC(CMemFile, CFile)
 
@@ -47,11 +48,13 @@ void CMemFile::Write(const void* lpBuf, UINT nCount)
 
 ULONGLONG CMemFile::Seek(LONGLONG lOff, UINT nFrom)
 {
+    constexpr ULONGLONG farthest = std::numeric_limits<LONGLONG>::max();
     const ULONGLONG from = nFrom == begin ? 0 : nFrom == current ? m_position : m_bytes.size();
-    if (lOff < 0 && static_cast<ULONGLONG>(-lOff) > from)
+    // Both are at most `farthest`: where the sum would lie before the beginning it wraps, to above it.
+    const ULONGLONG to = from + static_cast<ULONGLONG>(lOff);
+    if (to > farthest)
         AfxThrowFileException(CFileException::badSeek);
-    m_position = from + static_cast<ULONGLONG>(lOff);
-    return m_position;
+    return m_position = to;
 }
 
 ULONGLONG CMemFile::GetPosition() const

@@ -5,15 +5,16 @@
 
 #include <algorithm>
 #include <gtest/gtest.h>
+#include <limits>
 #include <string>
 #include <vector>
 
 namespace
 {
 
-constexpr LPCWSTR fullDevice = L"Z:\\dev\\full"; // every write to it finds the disk full
 using vant::test::TempDir;
 
+constexpr LPCWSTR fullDevice = L"Z:\\dev\\full"; // every write to it finds the disk full
 
 bool HasFullDevice()
 {
@@ -143,6 +144,23 @@ TEST(CFile, FullDiskIsReportedByWrite)
         GTEST_SKIP() << "this system has no device that is always full";
     CFile file(fullDevice, CFile::modeWrite | CFile::shareDenyNone);
     EXPECT_EQ(ThrownCause<CFileException>([&] { file.Write("x", 1); }), CFileException::diskFull);
+}
+
+TEST(CMemFile, RefusesPositionsThatNoFileCanHave)
+{
+    constexpr LONGLONG farthest = std::numeric_limits<LONGLONG>::max();
+    CMemFile file;
+    file.Write("abcd", 4);
+    const auto seek = [&file](LONGLONG offset, UINT from) {
+        return ThrownCause<CFileException>([&] { file.Seek(offset, from); });
+    };
+    EXPECT_EQ(seek(-5, CFile::end), CFileException::badSeek);
+    EXPECT_EQ(seek(std::numeric_limits<LONGLONG>::min(), CFile::begin), CFileException::badSeek);
+    EXPECT_EQ(file.Seek(farthest, CFile::begin), static_cast<ULONGLONG>(farthest));
+    EXPECT_EQ(seek(farthest, CFile::current), CFileException::badSeek);
+    EXPECT_EQ(file.GetPosition(), static_cast<ULONGLONG>(farthest));
+    EXPECT_TRUE(Throws<CMemoryException>([&file] { file.Write("e", 1); }));
+    EXPECT_EQ(file.GetLength(), 4U);
 }
 
 TEST(CStdioFile, TranslatesLineEnds)
