@@ -65,7 +65,6 @@ BOOL CImage::CreateEx(int nWidth, int nHeight, int nBPP, DWORD eCompression, con
         ::CreateDIBSection(nullptr, reinterpret_cast<BITMAPINFO*>(&info), DIB_RGB_COLORS, &bits, nullptr, 0);
     if (bitmap == nullptr)
         return FALSE;
-    Destroy();
     Attach(bitmap, nHeight < 0 ? DIBOR_TOPDOWN : DIBOR_BOTTOMUP);
     m_alpha = alpha;
     return TRUE;

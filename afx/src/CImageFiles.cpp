@@ -5,10 +5,9 @@
 
 #include <gdiplus.h>
 
-#include <cstdlib>
-#include <cstring>
+#include <cstddef>
+#include <cwchar>
 #include <memory>
-#include <string>
 #include <vector>
 
 namespace
@@ -134,9 +133,18 @@ const wchar_t* ExtensionOf(const wchar_t* path)
     return dot != nullptr ? dot : L"";
 }
 
-Gdiplus::PixelFormat FormatOf(int bitsPerPixel, bool alpha) noexcept
+/** 16 bits hold green in five of them, or in six. */
+bool HasSixBitsOfGreen(const CImage& image) noexcept
 {
-    switch (bitsPerPixel) {
+    constexpr DWORD sixBits = 0x07E0;
+    DIBSECTION section{};
+    return ::GetObjectW(image, sizeof section, &section) == sizeof section &&
+           section.dsBitfields[1] == sixBits;
+}
+
+Gdiplus::PixelFormat FormatOf(const CImage& image, bool alpha) noexcept
+{
+    switch (image.GetBPP()) {
     case 1:
         return PixelFormat1bppIndexed;
     case 4:
@@ -144,7 +152,7 @@ Gdiplus::PixelFormat FormatOf(int bitsPerPixel, bool alpha) noexcept
     case 8:
         return PixelFormat8bppIndexed;
     case 16:
-        return PixelFormat16bppRGB555;
+        return HasSixBitsOfGreen(image) ? PixelFormat16bppRGB565 : PixelFormat16bppRGB555;
     case 24:
         return PixelFormat24bppRGB;
     default:
@@ -167,7 +175,7 @@ std::unique_ptr<Gdiplus::Bitmap> Wrap(const CImage& image, bool alpha)
 {
     auto* bits = static_cast<BYTE*>(const_cast<void*>(image.GetBits()));
     auto bitmap = std::make_unique<Gdiplus::Bitmap>(image.GetWidth(), image.GetHeight(), image.GetPitch(),
-                                                    FormatOf(image.GetBPP(), alpha), bits);
+                                                    FormatOf(image, alpha), bits);
     if (image.IsIndexed()) {
         RGBQUAD colours[LargestPalette] = {};
         Palette palette{};
@@ -199,7 +207,7 @@ HRESULT CopyPixels(Gdiplus::Bitmap& picture, CImage& image, bool alpha)
     data.Width = static_cast<UINT>(image.GetWidth());
     data.Height = static_cast<UINT>(image.GetHeight());
     data.Stride = image.GetPitch();
-    data.PixelFormat = FormatOf(image.GetBPP(), alpha);
+    data.PixelFormat = FormatOf(image, alpha);
     data.Scan0 = image.GetBits();
     const Gdiplus::Rect whole(0, 0, image.GetWidth(), image.GetHeight());
     const Gdiplus::Status status = picture.LockBits(

@@ -156,6 +156,24 @@ TEST(CImage, RowsLieAsAsked)
     }
 }
 
+TEST(CImage, SixteenBitsAreSavedByTheirMasks)
+{
+    const DWORD masks[][3] = {{0x7C00, 0x03E0, 0x001F}, {0xF800, 0x07E0, 0x001F}};
+    for (const auto& mask : masks) {
+        const TempDir dir;
+        const CString file = dir.Path(L"sixteen.png");
+        CImage image;
+        ASSERT_TRUE(image.CreateEx(64, 32, 16, BI_BITFIELDS, mask));
+        Paint(image);
+        ASSERT_EQ(image.Save(file), S_OK);
+        CImage back;
+        ASSERT_EQ(back.Load(file), S_OK);
+        EXPECT_EQ(back.GetPixel(9, 7), Red) << mask[0];
+        EXPECT_EQ(back.GetPixel(56, 7), Blue) << mask[0];
+        EXPECT_EQ(back.GetPixel(9, 25), Green) << mask[0];
+    }
+}
+
 TEST(CImage, OpacitySurvivesAFileAndIsDrawn)
 {
     const TempDir dir;

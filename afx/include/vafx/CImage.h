@@ -31,7 +31,8 @@ public:
      *  @param nBPP 1, 4, 8, 16, 24 or 32. @param dwFlags 0 or createAlphaChannel. @return FALSE on failure.
      */
     BOOL Create(int nWidth, int nHeight, int nBPP, DWORD dwFlags = 0) noexcept;
-    /** The same with BI_RGB or BI_BITFIELDS and its three masks. */
+    /** The same with BI_RGB or BI_BITFIELDS and its three masks. Save expects blue lowest and red highest,
+     * and of 16 bits 5 each or 6 of green. */
     BOOL CreateEx(int nWidth, int nHeight, int nBPP, DWORD eCompression, const DWORD* pdwBitmasks = nullptr,
                   DWORD dwFlags = 0) noexcept;
     /** Takes ownership of a bitmap. */
