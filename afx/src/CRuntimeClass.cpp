@@ -1,7 +1,12 @@
 #include <afx.h>
 
+#include "detail/SlimLock.h"
+
 #include <cstring>
 #include <new>
+
+using vafx::detail::ExclusiveLock;
+using vafx::detail::SharedLock;
 
 namespace
 {
@@ -24,37 +29,32 @@ AFX_CLASSINIT::AFX_CLASSINIT(CRuntimeClass* pNewClass) noexcept
     : m_class(pNewClass)
     , m_next(nullptr)
 {
-    ::AcquireSRWLockExclusive(&g_classLock);
+    const ExclusiveLock locked(g_classLock);
     m_next = g_firstClass;
     g_firstClass = this;
-    ::ReleaseSRWLockExclusive(&g_classLock);
 }
 
 AFX_CLASSINIT::~AFX_CLASSINIT()
 {
-    ::AcquireSRWLockExclusive(&g_classLock);
+    const ExclusiveLock locked(g_classLock);
     for (AFX_CLASSINIT** link = &g_firstClass; *link != nullptr; link = &(*link)->m_next) {
         if (*link == this) {
             *link = m_next;
             break;
         }
     }
-    ::ReleaseSRWLockExclusive(&g_classLock);
 }
 
 CRuntimeClass* CRuntimeClass::FromName(LPCSTR lpszClassName)
 {
     if (lpszClassName == nullptr)
         return nullptr;
-    CRuntimeClass* found = nullptr;
-    ::AcquireSRWLockShared(&g_classLock);
-    for (const AFX_CLASSINIT* entry = g_firstClass; entry != nullptr && found == nullptr;
-         entry = entry->m_next) {
+    const SharedLock locked(g_classLock);
+    for (const AFX_CLASSINIT* entry = g_firstClass; entry != nullptr; entry = entry->m_next) {
         if (std::strcmp(entry->m_class->m_lpszClassName, lpszClassName) == 0)
-            found = entry->m_class;
+            return entry->m_class;
     }
-    ::ReleaseSRWLockShared(&g_classLock);
-    return found;
+    return nullptr;
 }
 
 CRuntimeClass* CRuntimeClass::FromName(LPCWSTR lpszClassName)

@@ -1,3 +1,4 @@
+#include "detail/SlimLock.h"
 #include "vafx/CSimpleException.h"
 #include "vafx/CWinApp.h"
 #include "vafx/resources.h"
@@ -13,10 +14,8 @@ LPCTSTR KeepName(const CString& name)
 {
     static SRWLOCK lock = SRWLOCK_INIT;
     static auto& names = *new std::set<std::wstring>;
-    ::AcquireSRWLockExclusive(&lock);
-    LPCTSTR kept = names.emplace(name.GetString()).first->c_str();
-    ::ReleaseSRWLockExclusive(&lock);
-    return kept;
+    const vafx::detail::ExclusiveLock locked(lock);
+    return names.emplace(name.GetString()).first->c_str();
 }
 
 } // namespace

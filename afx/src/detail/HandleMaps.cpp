@@ -1,5 +1,6 @@
 #include "detail/HandleMaps.h"
 
+#include "detail/SlimLock.h"
 #include "vafx/CDC.h"
 #include "vafx/CGdiObject.h"
 #include "vafx/CWnd.h"
@@ -22,38 +23,6 @@ PermanentMap& Permanent(HandleKind kind)
     static auto& maps = *new std::array<PermanentMap, HandleKinds>;
     return maps[static_cast<std::size_t>(kind)];
 }
-
-class SharedLock
-{
-public:
-    explicit SharedLock(SRWLOCK& lock) noexcept
-        : m_lock(lock)
-    {
-        ::AcquireSRWLockShared(&m_lock);
-    }
-    ~SharedLock() { ::ReleaseSRWLockShared(&m_lock); }
-    SharedLock(const SharedLock&) = delete;
-    SharedLock& operator=(const SharedLock&) = delete;
-
-private:
-    SRWLOCK& m_lock;
-};
-
-class ExclusiveLock
-{
-public:
-    explicit ExclusiveLock(SRWLOCK& lock) noexcept
-        : m_lock(lock)
-    {
-        ::AcquireSRWLockExclusive(&m_lock);
-    }
-    ~ExclusiveLock() { ::ReleaseSRWLockExclusive(&m_lock); }
-    ExclusiveLock(const ExclusiveLock&) = delete;
-    ExclusiveLock& operator=(const ExclusiveLock&) = delete;
-
-private:
-    SRWLOCK& m_lock;
-};
 
 // A temporary object does not own what it names; its destructor must find nothing to free.
 void Untie(HandleKind kind, CObject& object) noexcept
