@@ -18,11 +18,6 @@ constinit AFX_CLASSINIT* g_firstClass = nullptr;
 // Longer names come only from a damaged archive.
 constexpr WORD maxClassName = 255;
 
-CStringA Narrow(LPCWSTR name)
-{
-    return CStringA(name);
-}
-
 } // namespace
 
 AFX_CLASSINIT::AFX_CLASSINIT(CRuntimeClass* pNewClass) noexcept
@@ -59,7 +54,7 @@ CRuntimeClass* CRuntimeClass::FromName(LPCSTR lpszClassName)
 
 CRuntimeClass* CRuntimeClass::FromName(LPCWSTR lpszClassName)
 {
-    return FromName(static_cast<LPCSTR>(Narrow(lpszClassName)));
+    return FromName(CStringA(lpszClassName));
 }
 
 CObject* CRuntimeClass::CreateObject()
@@ -84,7 +79,7 @@ CObject* CRuntimeClass::CreateObject(LPCSTR lpszClassName)
 
 CObject* CRuntimeClass::CreateObject(LPCWSTR lpszClassName)
 {
-    return CreateObject(static_cast<LPCSTR>(Narrow(lpszClassName)));
+    return CreateObject(CStringA(lpszClassName));
 }
 
 BOOL CRuntimeClass::IsDerivedFrom(const CRuntimeClass* pBaseClass) const
