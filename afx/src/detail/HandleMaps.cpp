@@ -76,9 +76,9 @@ CObject* TemporaryMap::Find(HandleKind kind, HANDLE handle) const noexcept
 
 void TemporaryMap::Add(HandleKind kind, HANDLE handle, std::unique_ptr<CObject> object)
 {
-    m_order.reserve(m_order.size() + 1);
-    m_current[static_cast<std::size_t>(kind)][handle] = object.get();
+    CObject* const entered = object.get();
     m_order.push_back({kind, handle, std::move(object)});
+    m_current[static_cast<std::size_t>(kind)][handle] = entered;
 }
 
 void TemporaryMap::FreeDownTo(std::size_t count) noexcept
