@@ -2,8 +2,6 @@
 
 #include "detail/ErrorText.h"
 
-#include <iterator>
-
 IMPLEMENT_DYNAMIC(CArchiveException, CException)
 
 namespace
@@ -31,11 +29,8 @@ CArchiveException::CArchiveException(int cause, LPCWSTR lpszArchiveName)
 
 BOOL CArchiveException::GetErrorMessage(LPWSTR lpszError, UINT nMaxError, PUINT pnHelpContext) const
 {
-    const bool known = m_cause >= 0 && m_cause < static_cast<int>(std::size(messages));
-    CStringW text;
-    text.Format(messages[known ? m_cause : genericException],
-                m_strFileName.IsEmpty() ? L"an unnamed file" : m_strFileName.GetString());
-    return vafx::detail::CopyMessage(text, lpszError, nMaxError, pnHelpContext);
+    return vafx::detail::CopyMessageAbout(m_strFileName, messages, m_cause, lpszError, nMaxError,
+                                          pnHelpContext);
 }
 
 void AfxThrowArchiveException(int cause, LPCWSTR lpszArchiveName)

@@ -4,7 +4,6 @@
 
 #include <cerrno>
 #include <cstdlib>
-#include <iterator>
 
 IMPLEMENT_DYNAMIC(CFileException, CException)
 
@@ -41,11 +40,8 @@ CFileException::CFileException(int cause, LONG lOsError, LPCWSTR lpszArchiveName
 
 BOOL CFileException::GetErrorMessage(LPWSTR lpszError, UINT nMaxError, PUINT pnHelpContext) const
 {
-    const bool known = m_cause >= 0 && m_cause < static_cast<int>(std::size(messages));
-    CStringW text;
-    text.Format(messages[known ? m_cause : genericException],
-                m_strFileName.IsEmpty() ? L"an unnamed file" : m_strFileName.GetString());
-    return vafx::detail::CopyMessage(text, lpszError, nMaxError, pnHelpContext);
+    return vafx::detail::CopyMessageAbout(m_strFileName, messages, m_cause, lpszError, nMaxError,
+                                          pnHelpContext);
 }
 
 int CFileException::OsErrorToException(LONG lOsError)

@@ -18,6 +18,17 @@ BOOL CopyMessage(LPCWSTR message, LPWSTR lpszError, UINT nMaxError, PUINT pnHelp
     return TRUE;
 }
 
+BOOL CopyMessageAbout(const CStringW& file, std::span<const LPCWSTR> messages, int cause, LPWSTR lpszError,
+                      UINT nMaxError, PUINT pnHelpContext)
+{
+    constexpr std::size_t unknown = 1;
+    const auto index = static_cast<std::size_t>(cause); // a negative one is beyond all of them
+    CStringW text;
+    text.Format(messages[index < messages.size() ? index : unknown],
+                file.IsEmpty() ? L"an unnamed file" : file.GetString());
+    return CopyMessage(text, lpszError, nMaxError, pnHelpContext);
+}
+
 } // namespace vafx::detail
 
 using vafx::detail::CopyMessage;
