@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cwchar>
 #include <cwctype>
+#include <functional>
 #include <string_view>
 
 namespace
@@ -11,7 +12,7 @@ namespace
 
 std::wstring_view View(LPCWSTR text) noexcept
 {
-    return text != nullptr ? std::wstring_view(text) : std::wstring_view();
+    return text != nullptr ? text : L"";
 }
 
 std::wstring_view View(const CStringW& text) noexcept
@@ -29,9 +30,14 @@ bool IsBlank(wchar_t c) noexcept
     return std::iswspace(c) != 0;
 }
 
-bool IsIn(LPCWSTR set, wchar_t c) noexcept
+auto Is(wchar_t ch) noexcept
 {
-    return View(set).find(c) != std::wstring_view::npos;
+    return [ch](wchar_t c) { return c == ch; };
+}
+
+auto IsIn(LPCWSTR set) noexcept
+{
+    return [set = View(set)](wchar_t c) { return set.find(c) != std::wstring_view::npos; };
 }
 
 int LeadingUnits(const CStringW& text, auto&& belongs)
@@ -107,12 +113,12 @@ CStringW CStringW::Right(int count) const
 
 CStringW CStringW::SpanIncluding(LPCWSTR set) const
 {
-    return Left(LeadingUnits(*this, [set](wchar_t c) { return IsIn(set, c); }));
+    return Left(LeadingUnits(*this, IsIn(set)));
 }
 
 CStringW CStringW::SpanExcluding(LPCWSTR set) const
 {
-    return Left(LeadingUnits(*this, [set](wchar_t c) { return !IsIn(set, c); }));
+    return Left(LeadingUnits(*this, std::not_fn(IsIn(set))));
 }
 
 CStringW CStringW::Tokenize(LPCWSTR tokens, int& start) const
@@ -152,26 +158,21 @@ CStringW& CStringW::MakeReverse()
     return *this;
 }
 
-int CStringW::EraseLeading(int count)
-{
-    return count > 0 ? Delete(0, count) : GetLength();
-}
-
 CStringW& CStringW::TrimLeft()
 {
-    EraseLeading(LeadingUnits(*this, IsBlank));
+    Delete(0, LeadingUnits(*this, IsBlank));
     return *this;
 }
 
 CStringW& CStringW::TrimLeft(wchar_t ch)
 {
-    EraseLeading(LeadingUnits(*this, [ch](wchar_t c) { return c == ch; }));
+    Delete(0, LeadingUnits(*this, Is(ch)));
     return *this;
 }
 
 CStringW& CStringW::TrimLeft(LPCWSTR set)
 {
-    EraseLeading(LeadingUnits(*this, [set](wchar_t c) { return IsIn(set, c); }));
+    Delete(0, LeadingUnits(*this, IsIn(set)));
     return *this;
 }
 
@@ -183,13 +184,13 @@ CStringW& CStringW::TrimRight()
 
 CStringW& CStringW::TrimRight(wchar_t ch)
 {
-    Truncate(LengthWithoutTrailing(*this, [ch](wchar_t c) { return c == ch; }));
+    Truncate(LengthWithoutTrailing(*this, Is(ch)));
     return *this;
 }
 
 CStringW& CStringW::TrimRight(LPCWSTR set)
 {
-    Truncate(LengthWithoutTrailing(*this, [set](wchar_t c) { return IsIn(set, c); }));
+    Truncate(LengthWithoutTrailing(*this, IsIn(set)));
     return *this;
 }
 
@@ -304,19 +305,18 @@ int CStringW::Compare(LPCWSTR text) const noexcept
 int CStringW::CompareNoCase(LPCWSTR text) const noexcept
 {
     const std::wstring_view other = View(text);
-    return ::CompareStringOrdinal(m_text, GetLength(), other.data() != nullptr ? other.data() : L"",
-                                  static_cast<int>(other.size()), TRUE) -
+    return ::CompareStringOrdinal(m_text, GetLength(), other.data(), static_cast<int>(other.size()), TRUE) -
            CSTR_EQUAL;
 }
 
 int CStringW::Collate(LPCWSTR text) const noexcept
 {
-    return CompareUserLanguage(*this, text != nullptr ? text : L"", 0);
+    return CompareUserLanguage(*this, text, 0);
 }
 
 int CStringW::CollateNoCase(LPCWSTR text) const noexcept
 {
-    return CompareUserLanguage(*this, text != nullptr ? text : L"", NORM_IGNORECASE);
+    return CompareUserLanguage(*this, text, NORM_IGNORECASE);
 }
 
 CStringW operator+(const CStringW& a, const CStringW& b)

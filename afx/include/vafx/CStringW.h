@@ -224,7 +224,6 @@ private:
     void SetLength(int length) noexcept;
     wchar_t* Own(int capacity);
     void Assign(const char* text, int length);
-    int EraseLeading(int count);
 
     static EmptyBlock s_empty;
 
