@@ -6,6 +6,24 @@
 
 using vafx::detail::ReadText;
 
+namespace
+{
+
+void SendToDescendants(HWND window, UINT message, WPARAM wParam, LPARAM lParam, BOOL deep, BOOL onlyPermanent)
+{
+    for (HWND child = ::GetTopWindow(window); child != nullptr;) {
+        // The message may destroy the child.
+        const HWND next = ::GetWindow(child, GW_HWNDNEXT);
+        if (deep)
+            SendToDescendants(child, message, wParam, lParam, deep, onlyPermanent);
+        if (!onlyPermanent || CWnd::FromHandlePermanent(child) != nullptr)
+            ::SendMessageW(child, message, wParam, lParam);
+        child = next;
+    }
+}
+
+} // namespace
+
 CWnd* CWnd::GetParent() const
 {
     return FromHandle(::GetParent(m_hWnd));
@@ -251,17 +269,5 @@ BOOL CWnd::OpenClipboard()
 
 void CWnd::SendMessageToDescendants(UINT message, WPARAM wParam, LPARAM lParam, BOOL bDeep, BOOL bOnlyPerm)
 {
-    for (HWND child = ::GetTopWindow(m_hWnd); child != nullptr;) {
-        // The message may destroy the child.
-        const HWND next = ::GetWindow(child, GW_HWNDNEXT);
-        if (bDeep) {
-            CWnd deeper;
-            deeper.m_hWnd = child;
-            deeper.SendMessageToDescendants(message, wParam, lParam, bDeep, bOnlyPerm);
-            deeper.m_hWnd = nullptr;
-        }
-        if (!bOnlyPerm || FromHandlePermanent(child) != nullptr)
-            ::SendMessageW(child, message, wParam, lParam);
-        child = next;
-    }
+    SendToDescendants(m_hWnd, message, wParam, lParam, bDeep, bOnlyPerm);
 }
