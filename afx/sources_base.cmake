@@ -25,6 +25,7 @@ target_sources(VantAfx
     src/CStringWEdit.cpp
     src/CSyncObject.cpp
     src/CTime.cpp
+    src/CTimeSpan.cpp
     src/CWinThread.cpp
     src/CWinThreadPump.cpp
     src/NewHandler.cpp
