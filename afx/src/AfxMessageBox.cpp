@@ -1,5 +1,5 @@
 #include "detail/Handles.h"
-#include "detail/MessageBoxOwner.h"
+#include "detail/MessageBox.h"
 #include "vafx/CWinApp.h"
 
 namespace

@@ -1,6 +1,7 @@
 #include "vafx/CCmdTarget.h"
 
 #include "detail/MapSearch.h"
+#include "detail/WaitCursor.h"
 #include "vafx/CWinApp.h"
 
 IMPLEMENT_DYNAMIC(CCmdTarget, CObject)

@@ -1,8 +1,8 @@
 #include "vafx/CWinApp.h"
 
 #include "detail/CurrentThread.h"
-#include "detail/MapSearch.h"
-#include "detail/MessageBoxOwner.h"
+#include "detail/MessageBox.h"
+#include "detail/WaitCursor.h"
 #include "detail/WndThread.h"
 #include "vafx/CException.h"
 #include "vafx/resources.h"

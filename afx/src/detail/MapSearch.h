@@ -9,7 +9,4 @@ namespace vafx::detail
  *  Codes are compared by their low words, as WM_COMMAND carries them. @return Null when there is none. */
 const AFX_MSGMAP_ENTRY* FindEntry(const AFX_MSGMAP* map, UINT message, UINT code, UINT id) noexcept;
 
-/** Shows (+1), hides (-1) or restores (0) the hourglass of this thread. */
-void DoWaitCursor(int code) noexcept;
-
 } // namespace vafx::detail
