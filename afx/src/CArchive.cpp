@@ -5,6 +5,8 @@
 
 #include <algorithm>
 #include <cstring>
+#include <string>
+#include <utility>
 
 namespace
 {
@@ -223,6 +225,6 @@ CArchive& operator>>(CArchive& ar, CStringW& text)
         }
         read = CStringW(bytes.data(), static_cast<int>(bytes.size()));
     }
-    text = static_cast<CStringW&&>(read);
+    text = std::move(read);
     return ar;
 }

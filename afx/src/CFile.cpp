@@ -37,7 +37,8 @@ CStringW FullPath(LPCWSTR name)
 
 DWORD AccessOf(UINT flags) noexcept
 {
-    switch (flags & 3U) {
+    constexpr UINT accessBits = CFile::modeWrite | CFile::modeReadWrite;
+    switch (flags & accessBits) {
     case CFile::modeWrite:
         return GENERIC_WRITE;
     case CFile::modeReadWrite:
@@ -49,7 +50,8 @@ DWORD AccessOf(UINT flags) noexcept
 
 DWORD SharingOf(UINT flags) noexcept
 {
-    switch (flags & 0x70U) {
+    constexpr UINT shareBits = CFile::shareExclusive | CFile::shareDenyWrite | CFile::shareDenyNone;
+    switch (flags & shareBits) {
     case CFile::shareDenyWrite:
         return FILE_SHARE_READ;
     case CFile::shareDenyRead:

@@ -5,6 +5,7 @@
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
+#include <cwchar>
 #include <fcntl.h>
 #include <io.h>
 #include <string>
@@ -144,7 +145,7 @@ BOOL CStdioFile::ReadString(CStringW& rString)
             return TRUE;
         }
         longLine.append(buffer, count);
-        if (ends || lf != nullptr)
+        if (lf != nullptr)
             break;
     }
     rString = CStringW(longLine.data(), static_cast<int>(longLine.size()));

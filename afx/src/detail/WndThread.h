@@ -1,6 +1,6 @@
 #pragma once
 
-#include "HandleMaps.h"
+#include "detail/HandleMaps.h"
 
 #include <windows.h>
 
