@@ -34,7 +34,7 @@ HWND TopLevelOwner(CWnd* parent)
     return parent != nullptr ? owner : ::GetLastActivePopup(owner);
 }
 
-/** The locked contents of a resource, or of a global memory block. */
+/** A resource's template; null when there is none. */
 LPCDLGTEMPLATE LoadTemplate(HINSTANCE module, LPCTSTR name)
 {
     const HRSRC found = ::FindResourceW(module, name, RT_DIALOG);

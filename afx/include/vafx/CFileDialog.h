@@ -35,8 +35,8 @@ public:
                          CWnd* pParentWnd = nullptr, DWORD dwSize = 0, BOOL bVistaStyle = TRUE);
     ~CFileDialog() override;
 
-    OPENFILENAME&
-        m_ofn; ///< May be changed before DoModal; lpstrFile must stay, or be replaced by a larger one.
+    /** May be changed before DoModal; lpstrFile must stay, or be replaced by a larger one. */
+    OPENFILENAME& m_ofn;
 
     /** @return IDOK or IDCANCEL; CommDlgExtendedError tells a failure from a cancellation. */
     INT_PTR DoModal() override;

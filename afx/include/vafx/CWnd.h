@@ -381,7 +381,7 @@ VAFX_API LRESULT CALLBACK AfxWndProc(HWND hWnd, UINT nMsg, WPARAM wParam, LPARAM
 
 /** @name Flags of CWnd::RunModalLoop */
 ///@{
-constexpr DWORD MLF_NOIDLEMSG = 0x0001;
-constexpr DWORD MLF_NOKICKIDLE = 0x0002;
+constexpr DWORD MLF_NOIDLEMSG = 0x0001;  ///< Send the parent no WM_ENTERIDLE.
+constexpr DWORD MLF_NOKICKIDLE = 0x0002; ///< Has no effect: WM_KICKIDLE is never sent.
 constexpr DWORD MLF_SHOWONIDLE = 0x0004; ///< Show the window once the queue is empty.
 ///@}
