@@ -9,13 +9,13 @@ IMPLEMENT_DYNAMIC(CCmdTarget, CObject)
 namespace
 {
 
-constexpr UINT FirstRegisteredMessage = 0xC000;
-constexpr WORD WaitCursorId = 32514; // IDC_WAIT, whose macro follows the character set
+constexpr UINT firstRegisteredMessage = 0xC000;
+constexpr WORD waitCursorId = 32514; // IDC_WAIT, whose macro follows the character set
 
 bool Matches(const AFX_MSGMAP_ENTRY& entry, UINT message, UINT code, UINT id) noexcept
 {
-    if (entry.nMessage == vafx::RegisteredMessage)
-        return message >= FirstRegisteredMessage && entry.pRegistered != nullptr &&
+    if (entry.nMessage == vafx::registeredMessage)
+        return message >= firstRegisteredMessage && entry.pRegistered != nullptr &&
                *entry.pRegistered == message;
     return entry.nMessage == message && LOWORD(entry.nCode) == LOWORD(code) && entry.nID <= id &&
            id <= entry.nLastID;
@@ -97,7 +97,7 @@ void vafx::detail::DoWaitCursor(int code) noexcept
 
     const int depth = wait.depth > -code ? wait.depth + code : 0;
     if (depth > 0) {
-        const HCURSOR old = ::SetCursor(::LoadCursorW(nullptr, MAKEINTRESOURCEW(WaitCursorId)));
+        const HCURSOR old = ::SetCursor(::LoadCursorW(nullptr, MAKEINTRESOURCEW(waitCursorId)));
         if (wait.depth == 0)
             wait.before = old;
     } else if (wait.depth > 0) {

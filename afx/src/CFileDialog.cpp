@@ -13,7 +13,7 @@ namespace
 {
 
 /** Room for the names of many files, with OFN_ALLOWMULTISELECT. */
-constexpr DWORD NamesSize = 32768;
+constexpr DWORD namesSize = 32768;
 
 wchar_t* Names(POSITION pos) noexcept
 {
@@ -29,7 +29,7 @@ POSITION At(wchar_t* name) noexcept
 
 struct CFileDialog::State {
     OPENFILENAME ofn{};
-    std::vector<wchar_t> names = std::vector<wchar_t>(NamesSize);
+    std::vector<wchar_t> names = std::vector<wchar_t>(namesSize);
     std::vector<wchar_t> filter;
     CString defaultExtension;
     CWnd* parent = nullptr;
@@ -50,10 +50,10 @@ CFileDialog::CFileDialog(BOOL bOpenFileDialog, LPCTSTR lpszDefExt, LPCTSTR lpszF
     m_state->open = bOpenFileDialog != FALSE;
     m_state->parent = pParentWnd;
     if (lpszFileName != nullptr)
-        ::lstrcpynW(m_state->names.data(), lpszFileName, static_cast<int>(NamesSize));
+        ::lstrcpynW(m_state->names.data(), lpszFileName, static_cast<int>(namesSize));
     m_ofn.lStructSize = sizeof m_ofn;
     m_ofn.lpstrFile = m_state->names.data();
-    m_ofn.nMaxFile = NamesSize;
+    m_ofn.nMaxFile = namesSize;
     m_ofn.Flags = dwFlags | OFN_EXPLORER;
     if (lpszDefExt != nullptr) {
         m_state->defaultExtension = lpszDefExt;

@@ -41,12 +41,12 @@ BOOL CFont::CreatePointFont(int nPointSize, LPCTSTR lpszFaceName, CDC* pDC)
 
 BOOL CFont::CreatePointFontIndirect(const LOGFONT* lpLogFont, CDC* pDC)
 {
-    constexpr int TenthsPerInch = 720;
+    constexpr int tenthsPerInch = 720;
     const HDC screen = pDC != nullptr ? nullptr : ::GetDC(nullptr);
     const HDC dc = pDC != nullptr ? pDC->m_hAttribDC : screen;
     // The height is a distance: the mapping mode may put its origin anywhere.
     POINT points[2] = {{0, 0},
-                       {0, ::MulDiv(::GetDeviceCaps(dc, LOGPIXELSY), lpLogFont->lfHeight, TenthsPerInch)}};
+                       {0, ::MulDiv(::GetDeviceCaps(dc, LOGPIXELSY), lpLogFont->lfHeight, tenthsPerInch)}};
     ::DPtoLP(dc, points, 2);
     if (screen != nullptr)
         ::ReleaseDC(nullptr, screen);

@@ -7,8 +7,8 @@ constexpr DWORD CImage::createAlphaChannel;
 namespace
 {
 
-constexpr int BitsPerByte = 8;
-constexpr int DepthWithAlpha = 32;
+constexpr int bitsPerByte = 8;
+constexpr int depthWithAlpha = 32;
 
 struct BitmapInfo {
     BITMAPINFOHEADER header;
@@ -46,7 +46,7 @@ BOOL CImage::CreateEx(int nWidth, int nHeight, int nBPP, DWORD eCompression, con
 {
     const bool alpha = (dwFlags & createAlphaChannel) != 0;
     const bool masks = eCompression == BI_BITFIELDS;
-    if (nWidth <= 0 || nHeight == 0 || (alpha && nBPP != DepthWithAlpha) || (masks && pdwBitmasks == nullptr))
+    if (nWidth <= 0 || nHeight == 0 || (alpha && nBPP != depthWithAlpha) || (masks && pdwBitmasks == nullptr))
         return FALSE;
 
     BitmapInfo info{};
@@ -117,7 +117,7 @@ void CImage::Destroy() noexcept
 const void* CImage::GetPixelAddress(int x, int y) const noexcept
 {
     const auto* row = static_cast<const BYTE*>(m_bits) + static_cast<ptrdiff_t>(y) * m_pitch;
-    return row + static_cast<ptrdiff_t>(x) * m_bpp / BitsPerByte;
+    return row + static_cast<ptrdiff_t>(x) * m_bpp / bitsPerByte;
 }
 
 void* CImage::GetPixelAddress(int x, int y) noexcept

@@ -160,12 +160,12 @@ Gdiplus::PixelFormat FormatOf(const CImage& image, bool alpha) noexcept
     }
 }
 
-constexpr UINT LargestPalette = 256;
+constexpr UINT largestPalette = 256;
 
 struct Palette {
     UINT flags;
     UINT count;
-    Gdiplus::ARGB entries[LargestPalette];
+    Gdiplus::ARGB entries[largestPalette];
 
     Gdiplus::ColorPalette* Get() noexcept { return reinterpret_cast<Gdiplus::ColorPalette*>(this); }
 };
@@ -177,7 +177,7 @@ std::unique_ptr<Gdiplus::Bitmap> Wrap(const CImage& image, bool alpha)
     auto bitmap = std::make_unique<Gdiplus::Bitmap>(image.GetWidth(), image.GetHeight(), image.GetPitch(),
                                                     FormatOf(image, alpha), bits);
     if (image.IsIndexed()) {
-        RGBQUAD colours[LargestPalette] = {};
+        RGBQUAD colours[largestPalette] = {};
         Palette palette{};
         palette.count = static_cast<UINT>(image.GetMaxColorTableEntries());
         image.GetColorTable(0, palette.count, colours);
@@ -223,7 +223,7 @@ void CopyPalette(Gdiplus::Bitmap& picture, CImage& image)
     Palette palette{};
     if (picture.GetPalette(palette.Get(), sizeof palette) != Gdiplus::Ok)
         return;
-    RGBQUAD colours[LargestPalette] = {};
+    RGBQUAD colours[largestPalette] = {};
     const UINT most = static_cast<UINT>(image.GetMaxColorTableEntries());
     const UINT count = palette.count < most ? palette.count : most;
     for (UINT i = 0; i < count; ++i) {
@@ -266,8 +266,8 @@ HRESULT EncodeAs(const CImage& image, bool alpha, const CLSID& encoder, IStream*
 
 HRESULT Encode(const CImage& image, bool alpha, const Encoder& encoder, IStream* stream)
 {
-    constexpr int LeastPlainDepth = 24;
-    if (encoder.format != Gdiplus::ImageFormatGIF || image.GetBPP() < LeastPlainDepth)
+    constexpr int leastPlainDepth = 24;
+    if (encoder.format != Gdiplus::ImageFormatGIF || image.GetBPP() < leastPlainDepth)
         return EncodeAs(image, alpha, encoder.id, stream);
     // GDI+ would dither to a fixed table even an image of few colours, and not every version of it can.
     CImage indexed;
@@ -294,9 +294,9 @@ HRESULT WriteFileFrom(IStream* stream, LPCWSTR path)
     const bool onDisk = ::GetFileType(file.get()) == FILE_TYPE_DISK;
     const auto* data = static_cast<const BYTE*>(::GlobalLock(memory));
     ULONGLONG left = stat.cbSize.QuadPart;
-    constexpr DWORD Piece = 1U << 20;
+    constexpr DWORD piece = 1U << 20;
     while (left > 0 && SUCCEEDED(result)) {
-        const DWORD wanted = left < Piece ? static_cast<DWORD>(left) : Piece;
+        const DWORD wanted = left < piece ? static_cast<DWORD>(left) : piece;
         DWORD written = 0;
         if (!::WriteFile(file.get(), data, wanted, &written, nullptr))
             result = LastError();

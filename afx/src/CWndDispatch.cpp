@@ -118,7 +118,7 @@ UINT MapMessage(UINT message, vafx::Dispatch& d) noexcept
     if (message < WM_CTLCOLORMSGBOX || message > WM_CTLCOLORSTATIC)
         return message;
     d.ident = message - WM_CTLCOLORMSGBOX;
-    return vafx::CtlColorMessage;
+    return vafx::ctlColorMessage;
 }
 
 } // namespace
@@ -247,7 +247,7 @@ BOOL CWnd::ReflectChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESUL
         code = d.notify->code;
     }
     const AFX_MSGMAP_ENTRY* entry =
-        FindEntry(GetMessageMap(), vafx::ReflectBase + MapMessage(message, d), code, 0);
+        FindEntry(GetMessageMap(), vafx::reflectBase + MapMessage(message, d), code, 0);
     if (entry == nullptr)
         return FALSE;
     entry->pfn(this, d);

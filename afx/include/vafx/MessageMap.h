@@ -55,13 +55,13 @@ struct Dispatch {
 };
 
 /** Stands in an entry's message for "the value of this registered message". */
-constexpr UINT RegisteredMessage = 0xC000;
+constexpr UINT registeredMessage = 0xC000;
 
 /** All WM_CTLCOLOR... messages share one entry, under the number of their 16-bit ancestor. */
-constexpr UINT CtlColorMessage = 0x0019;
+constexpr UINT ctlColorMessage = 0x0019;
 
 /** Added to a message that a parent hands back to the control it came from. */
-constexpr UINT ReflectBase = 0xBC00;
+constexpr UINT reflectBase = 0xBC00;
 
 } // namespace vafx
 
@@ -180,7 +180,7 @@ protected:                                                                      
 /** The same for a message from RegisterWindowMessage; @p nMessageVariable is the UINT that holds its number.
  */
 #define ON_REGISTERED_MESSAGE(nMessageVariable, memberFxn)                                                   \
-    VAFX_ENTRY(vafx::RegisteredMessage, 0, 0, 0, &nMessageVariable,                                          \
+    VAFX_ENTRY(vafx::registeredMessage, 0, 0, 0, &nMessageVariable,                                          \
                d.result = VAFX_CALL(LRESULT, memberFxn, (WPARAM, LPARAM), (d.wParam, d.lParam)))
 
 /** @name Notifications of the standard controls, `void memberFxn()` */

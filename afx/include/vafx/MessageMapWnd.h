@@ -225,7 +225,7 @@ T* Pointer(LPARAM value) noexcept
     VAFX_WM(WM_VSCROLL, OnVScroll, (UINT, UINT, CScrollBar*),                                                \
             (LOWORD(d.wParam), HIWORD(d.wParam), vafx::ScrollBar(d.lParam)))
 #define ON_WM_CTLCOLOR()                                                                                     \
-    VAFX_WM_RESULT(vafx::CtlColorMessage, HBRUSH, OnCtlColor, (CDC*, CWnd*, UINT),                           \
+    VAFX_WM_RESULT(vafx::ctlColorMessage, HBRUSH, OnCtlColor, (CDC*, CWnd*, UINT),                           \
                    (vafx::DeviceContext(d.wParam), vafx::Window(d.lParam), d.ident))
 #define ON_WM_DRAWITEM()                                                                                     \
     VAFX_WM(WM_DRAWITEM, OnDrawItem, (int, LPDRAWITEMSTRUCT),                                                \

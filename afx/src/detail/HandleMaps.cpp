@@ -20,7 +20,7 @@ struct PermanentMap {
 // Never destroyed: static objects of programs outlive the static objects of this module.
 PermanentMap& Permanent(HandleKind kind)
 {
-    static auto& maps = *new std::array<PermanentMap, HandleKinds>;
+    static auto& maps = *new std::array<PermanentMap, handleKinds>;
     return maps[static_cast<std::size_t>(kind)];
 }
 

@@ -11,7 +11,7 @@ namespace vafx::detail
 {
 
 enum class HandleKind { Window, DeviceContext, GdiObject };
-constexpr std::size_t HandleKinds = 3;
+constexpr std::size_t handleKinds = 3;
 
 /** @name The owners of handles, one table for the process: any thread may ask, whatever module it runs in. */
 ///@{
@@ -44,7 +44,7 @@ private:
         std::unique_ptr<CObject> object;
     };
     std::vector<Entry> m_order;
-    std::unordered_map<HANDLE, CObject*> m_current[HandleKinds];
+    std::unordered_map<HANDLE, CObject*> m_current[handleKinds];
 };
 
 /** The owner of @p handle if it is a T, else a temporary T.

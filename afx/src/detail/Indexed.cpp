@@ -12,9 +12,9 @@ namespace vafx::detail
 namespace
 {
 
-constexpr std::size_t MostColours = 256;
-constexpr unsigned Steps = 6; // of each of the three colours: 216 together
-constexpr unsigned StepSize = 255 / (Steps - 1);
+constexpr std::size_t mostColours = 256;
+constexpr unsigned steps = 6; // of each of the three colours: 216 together
+constexpr unsigned stepSize = 255 / (steps - 1);
 
 RGBQUAD ColourAt(const CImage& image, int x, int y)
 {
@@ -30,12 +30,12 @@ std::uint32_t KeyOf(RGBQUAD colour) noexcept
 
 unsigned NearestStep(BYTE value) noexcept
 {
-    return (value + StepSize / 2) / StepSize;
+    return (value + stepSize / 2) / stepSize;
 }
 
 BYTE CubeIndex(RGBQUAD colour) noexcept
 {
-    const unsigned index = (NearestStep(colour.rgbRed) * Steps + NearestStep(colour.rgbGreen)) * Steps +
+    const unsigned index = (NearestStep(colour.rgbRed) * steps + NearestStep(colour.rgbGreen)) * steps +
                            NearestStep(colour.rgbBlue);
     return static_cast<BYTE>(index);
 }
@@ -43,11 +43,11 @@ BYTE CubeIndex(RGBQUAD colour) noexcept
 std::vector<RGBQUAD> Cube()
 {
     std::vector<RGBQUAD> colours;
-    for (unsigned r = 0; r < Steps; ++r)
-        for (unsigned g = 0; g < Steps; ++g)
-            for (unsigned b = 0; b < Steps; ++b)
-                colours.push_back({static_cast<BYTE>(b * StepSize), static_cast<BYTE>(g * StepSize),
-                                   static_cast<BYTE>(r * StepSize), 0});
+    for (unsigned r = 0; r < steps; ++r)
+        for (unsigned g = 0; g < steps; ++g)
+            for (unsigned b = 0; b < steps; ++b)
+                colours.push_back({static_cast<BYTE>(b * stepSize), static_cast<BYTE>(g * stepSize),
+                                   static_cast<BYTE>(r * stepSize), 0});
     return colours;
 }
 
@@ -60,7 +60,7 @@ bool IndexExactly(const CImage& image, CImage& indexed, std::vector<RGBQUAD>& co
             const RGBQUAD colour = ColourAt(image, x, y);
             const auto [entry, isNew] = known.try_emplace(KeyOf(colour), static_cast<BYTE>(colours.size()));
             if (isNew) {
-                if (colours.size() == MostColours)
+                if (colours.size() == mostColours)
                     return false;
                 colours.push_back(colour);
             }

@@ -15,9 +15,9 @@ bool IsClass(HWND window, LPCWSTR windowClass)
 {
     if (IS_INTRESOURCE(windowClass))
         return ::GetClassLongPtrW(window, GCW_ATOM) == reinterpret_cast<ULONG_PTR>(windowClass);
-    constexpr int LongestName = 257;
-    wchar_t name[LongestName];
-    return ::GetClassNameW(window, name, LongestName) > 0 && ::lstrcmpiW(name, windowClass) == 0;
+    constexpr int longestName = 257;
+    wchar_t name[longestName];
+    return ::GetClassNameW(window, name, longestName) > 0 && ::lstrcmpiW(name, windowClass) == 0;
 }
 
 // The system may make windows of its own first (input methods), which must not be taken for the awaited one.
