@@ -4,7 +4,7 @@
 #include "controls/detail/ScrollStrip.h"
 #include "platform/Vant.h"
 #include "platform/detail/HelpRegistry.h"
-#include "platform/detail/Windows.h"
+#include "platform/detail/WindowHooks.h"
 
 IMPLEMENT_DYNAMIC(CVantWnd, CWnd)
 

@@ -1,7 +1,7 @@
 #include "platform/CECEntry.h"
 #include "platform/Vant.h"
 #include "platform/detail/ILogSink.h"
-#include "platform/detail/Windows.h"
+#include "platform/detail/WindowHooks.h"
 
 #include <atomic>
 #include <cstdarg>

@@ -1,6 +1,6 @@
 #include "platform/Vant.h"
 #include "platform/detail/SystemCalls.h"
-#include "platform/detail/Windows.h"
+#include "platform/detail/WindowHooks.h"
 
 #include <cstdarg>
 

@@ -4,7 +4,7 @@
 #include "platform/detail/HelpRegistry.h"
 #include "platform/detail/Startup.h"
 #include "platform/detail/SystemCalls.h"
-#include "platform/detail/Windows.h"
+#include "platform/detail/WindowHooks.h"
 #include "support/LogRecorder.h"
 #include "support/ScreenLock.h"
 #include "values/EUnits.h"

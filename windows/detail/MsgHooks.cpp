@@ -2,7 +2,7 @@
 #include "controls/detail/HoverHook.h"
 #include "platform/Vant.h"
 #include "platform/detail/Startup.h"
-#include "platform/detail/Windows.h"
+#include "platform/detail/WindowHooks.h"
 #include "windows/CEMsgBox.h"
 #include "windows/CEMsgBoxModal.h"
 #include "windows/CEToolTip.h"
