@@ -3,6 +3,7 @@
 #include <array>
 
 #include "core/detail/NumberText.h"
+#include "core/detail/TextView.h"
 #include "settings/CESetObj.h"
 
 CAoi::CAoi(double l, double t, double r, double b)
@@ -130,8 +131,7 @@ void CAoi::Settings(const CString& key, CESetObj& obj)
     CString text;
     obj.Item(key, text);
     std::array<double, numbers> bounds{};
-    const std::wstring_view view(text.GetString(), static_cast<std::size_t>(text.GetLength()));
-    if (vant::detail::ScanDoubles(view, bounds) == numbers) {
+    if (vant::detail::ScanDoubles(vant::detail::View(text), bounds) == numbers) {
         left = bounds[0];
         top = bounds[1];
         right = bounds[2];

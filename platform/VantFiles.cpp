@@ -1,5 +1,7 @@
 #include "platform/Vant.h"
 
+#include "core/detail/FileHandle.h"
+#include "core/detail/TextView.h"
 #include "platform/detail/Append.h"
 #include "platform/detail/Paths.h"
 
@@ -14,34 +16,6 @@ namespace
 
 constexpr unsigned long appendAlarm = 6010;
 constexpr unsigned long directoryAlarm = 0;
-
-std::wstring_view View(const CString& text)
-{
-    return {text.GetString(), static_cast<std::size_t>(text.GetLength())};
-}
-
-/** One handle of the system, closed when it goes. */
-class CHandleOwner
-{
-public:
-    explicit CHandleOwner(HANDLE handle) noexcept
-        : m_handle(handle)
-    {
-    }
-    ~CHandleOwner()
-    {
-        if (IsOpen())
-            CloseHandle(m_handle);
-    }
-    CHandleOwner(const CHandleOwner&) = delete;
-    CHandleOwner& operator=(const CHandleOwner&) = delete;
-
-    bool IsOpen() const noexcept { return m_handle != INVALID_HANDLE_VALUE; }
-    HANDLE Get() const noexcept { return m_handle; }
-
-private:
-    HANDLE m_handle;
-};
 
 bool IsDirectory(const std::wstring& path)
 {
@@ -184,7 +158,7 @@ Appended Append(const CString& file, std::string_view bytes, const CString* text
     if (handle == INVALID_HANDLE_VALUE && GetLastError() == ERROR_PATH_NOT_FOUND &&
         MakeDirectories(file.Left(static_cast<int>(NameStart(View(file)))), text != nullptr))
         handle = OpenForAppending(file);
-    const CHandleOwner owner(handle);
+    const FileHandle owner(handle);
     const auto fail = [&](std::size_t written, const CString& cause) {
         const bool told = text && Report(appendAlarm, L"Append To File: Could not open file <" + file +
                                                           L"> to log string <" + *text + L">" + cause);

@@ -1,4 +1,7 @@
 #include "settings/CESet.h"
+
+#include "core/detail/FileHandle.h"
+#include "core/detail/TextView.h"
 #include "settings/detail/AtomicFile.h"
 #include "settings/detail/CodePage.h"
 #include "settings/detail/SetWriter.h"
@@ -7,27 +10,18 @@
 #include <ctime>
 #include <cwchar>
 #include <exception>
-#include <memory>
+#include <iterator>
 #include <string_view>
 
 namespace
 {
 
 using vant::detail::AtomicFile;
+using vant::detail::FileHandle;
 using vant::detail::LineCutter;
 using vant::detail::SetWriter;
 using vant::detail::TreeBuilder;
-
-struct CloseFile {
-    using pointer = HANDLE;
-    void operator()(HANDLE handle) const noexcept { CloseHandle(handle); }
-};
-using FileHandle = std::unique_ptr<HANDLE, CloseFile>;
-
-std::wstring_view View(const CString& text) noexcept
-{
-    return {text.GetString(), static_cast<std::size_t>(text.GetLength())};
-}
+using vant::detail::View;
 
 /** The present local date and time in the locale's long form. */
 std::wstring_view Now(wchar_t (&text)[128]) noexcept
@@ -122,10 +116,10 @@ int CESet::Load(CString file)
         const FileHandle source(CreateFileW(file, GENERIC_READ,
                                             FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
                                             OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
-        if (source.get() == INVALID_HANDLE_VALUE)
+        if (!source.IsOpen())
             return false;
         CESet loaded(m_storing);
-        if (!ReadTree(source.get(), loaded))
+        if (!ReadTree(source.Get(), loaded))
             return false;
         TakeAll(loaded);
         return true;

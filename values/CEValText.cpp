@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "core/detail/NumberText.h"
+#include "core/detail/TextView.h"
 #include "core/detail/ToInteger.h"
 #include "values/EUnits.h"
 #include "values/detail/RangeText.h"
@@ -19,11 +20,6 @@ namespace
 
 constexpr double noData = -32768.0;
 constexpr int noUnits = -1;
-
-std::wstring_view View(const CString& text) noexcept
-{
-    return {text.GetString(), static_cast<std::size_t>(text.GetLength())};
-}
 
 /** A text under construction on the stack. */
 template <std::size_t Size>

@@ -3,23 +3,15 @@
 #include <array>
 #include <string>
 
+#include "core/detail/TextView.h"
 #include "core/detail/ToInteger.h"
 #include "values/detail/UnitText.h"
 
 using vant::detail::LowBits;
 using vant::detail::RoundToInt64;
+using vant::detail::ToCString;
 
 int EUnits::system = vant::detail::metric;
-
-namespace
-{
-
-CString ToCString(std::wstring_view text)
-{
-    return {text.data(), static_cast<int>(text.size())};
-}
-
-} // namespace
 
 CString EUnits::Get(int kind)
 {
@@ -34,8 +26,7 @@ CString EUnits::Get(int kind, double value, const CString& format, int withUnits
         return {text.data(), static_cast<int>(vant::detail::WriteFeet(text.data(), shown) - text.data())};
     }
     std::wstring text;
-    const std::wstring_view wanted(format.GetString(), static_cast<std::size_t>(format.GetLength()));
-    vant::detail::AppendFormatted(text, wanted, shown);
+    vant::detail::AppendFormatted(text, vant::detail::View(format), shown);
     if (withUnits) {
         text += vant::detail::UnitLabel(kind, system);
     }

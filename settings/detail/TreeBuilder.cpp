@@ -1,5 +1,6 @@
 #include "settings/detail/TreeBuilder.h"
 
+#include "core/detail/TextView.h"
 #include "settings/detail/CodePage.h"
 #include "settings/detail/Percent.h"
 
@@ -9,16 +10,6 @@
 
 namespace vant::detail
 {
-
-namespace
-{
-
-CString FromView(std::wstring_view text)
-{
-    return {text.data(), static_cast<int>(text.size())};
-}
-
-} // namespace
 
 std::size_t TextCache::Slot(std::string_view key) noexcept
 {
@@ -39,7 +30,7 @@ const CString& TextCache::Find(std::string_view key, const wchar_t* wide)
 {
     Entry& entry = m_entries[Slot(key)];
     if (entry.size != key.size() || std::memcmp(entry.key.data(), key.data(), key.size()) != 0) {
-        entry.text = FromView({wide, key.size()});
+        entry.text = ToCString({wide, key.size()});
         key.copy(entry.key.data(), key.size());
         entry.size = static_cast<std::uint8_t>(key.size());
     }
@@ -100,16 +91,16 @@ const CString& TreeBuilder::Value(std::string_view field)
 {
     if (field.find('%') == field.npos)
         return Name(field);
-    m_text = FromView(ExpandWithoutArguments(std::wstring_view(DecodeAcp(field))));
+    m_text = ToCString(ExpandWithoutArguments(std::wstring_view(DecodeAcp(field))));
     return m_text;
 }
 
 const CString& TreeBuilder::Text(std::string_view field)
 {
     if (Widen(field))
-        m_text = FromView({m_wide.data(), field.size()});
+        m_text = ToCString({m_wide.data(), field.size()});
     else
-        m_text = FromView(DecodeAcp(field));
+        m_text = ToCString(DecodeAcp(field));
     return m_text;
 }
 
