@@ -1,6 +1,7 @@
 #include "platform/Vant.h"
 #include "platform/detail/Markers.h"
 #include "values/EUnits.h"
+#include "values/detail/UnitText.h"
 
 #include <span>
 
@@ -9,17 +10,16 @@ namespace
 
 double Step(double (*step)(std::span<const double>, double) noexcept, double x) noexcept
 {
-    constexpr int usCustomary = 1;
-    constexpr int length = 0;
-    if (EUnits::system != usCustomary)
+    using vant::detail::lengthKind;
+    if (EUnits::system != vant::detail::usCustomary)
         return step(std::span<const double>(Vant::markers_SI), x);
     double feet = x;
-    EUnits::N2D(length, feet);
+    EUnits::N2D(lengthKind, feet);
     double marker = step(std::span<const double>(Vant::markers_USA), feet);
     // Unchanged means unchanged: the way to feet and back would cost the last digit.
     if (marker == feet || marker != marker)
         return x;
-    EUnits::D2N(length, marker);
+    EUnits::D2N(lengthKind, marker);
     return marker;
 }
 

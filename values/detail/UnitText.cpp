@@ -81,7 +81,7 @@ double ToNative(int kind, int system, double displayed) noexcept
 
 bool IsFeet(int kind, int system) noexcept
 {
-    return kind == 0 && system == usCustomary;
+    return kind == lengthKind && system == usCustomary;
 }
 
 wchar_t* WriteFeet(wchar_t* out, double feet) noexcept

@@ -12,8 +12,12 @@
 namespace vant::detail
 {
 
+/** @name Unit systems, and the kind of lengths */
+///@{
 inline constexpr int metric = 0;
 inline constexpr int usCustomary = 1;
+inline constexpr int lengthKind = 0;
+///@}
 
 /** The unit label; empty outside the kinds 0 to 7 and the systems 0 and 1. */
 std::wstring_view UnitLabel(int kind, int system) noexcept;
