@@ -66,6 +66,6 @@ int Vant::GetDir(CString& dir, bool typed)
     CoTaskMemFree(chosen); // the shell's allocator
     if (!isPath)
         return 0;
-    dir.Format(L"%s", path);
+    dir = path;
     return 1;
 }

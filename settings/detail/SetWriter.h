@@ -29,6 +29,7 @@ public:
 
     static constexpr std::size_t usualSize = std::size_t{1} << 18;
 
+    /** @param bufferSize  in bytes; every piece of the file that is no field must fit into it */
     SetWriter(Encode encode, Drain drain, std::size_t bufferSize = usualSize)
         : m_encode(std::move(encode))
         , m_drain(std::move(drain))
@@ -190,9 +191,8 @@ private:
 
     void PutEncoded(Text text)
     {
-        std::string_view rest;
         const std::string bytes = m_encode(text);
-        for (rest = bytes; !rest.empty();) {
+        for (std::string_view rest = bytes; !rest.empty();) {
             const std::size_t run = rest.find('\n');
             PutAnySize(rest.substr(0, run));
             if (run == rest.npos)
