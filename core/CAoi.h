@@ -47,8 +47,8 @@ public:
     void SetCentre(const CV3& pt) { SetCentre(pt.x, pt.y); }
 
     /** @name Setting one corner
-     *  Each leaves the opposite bounds alone and refreshes the derived values. T is the top (more y), L the
-     * left. @{ */
+     *  Each leaves the opposite bounds alone and refreshes the derived values. T is the top (the smaller y),
+     * B the bottom, L the left, R the right. @{ */
     void SetTL(double x, double y) { SetCorner(left, x, top, y); }
     void SetTL(const CV3& pt) { SetTL(pt.x, pt.y); }
     void SetTR(double x, double y) { SetCorner(right, x, top, y); }
@@ -60,7 +60,8 @@ public:
     /** @} */
 
     /** @name Points of the area
-     *  Each has z = 0: the centre, and the corners at the top (more y) and bottom, left and right. @{ */
+     *  Each has z = 0: the centre, and the corners at the top (the smaller y) and bottom, left and right. @{
+     */
     CV3 Centre() const { return {cx, cy, 0.0}; }
     CV3 TL() const { return {left, top, 0.0}; }
     CV3 TR() const { return {right, top, 0.0}; }

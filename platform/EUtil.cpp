@@ -33,9 +33,9 @@ bool IsEndingHere() noexcept
 [[noreturn]] void Fatal(LPCWSTR reason, LPCWSTR cause) noexcept
 {
     DWORD first = 0;
+    // One last message is enough; another thread's end of the process ends this one too.
     if (!ending.compare_exchange_strong(first, ::GetCurrentThreadId()) && first != ::GetCurrentThreadId())
-        ::Sleep(
-            INFINITE); // one last message is enough; another thread's end of the process ends this one too
+        ::Sleep(INFINITE);
     std::free(reserve.exchange(nullptr));
     try {
         const CString text = Vant::appTitle + L" " + reason + L" " + cause;

@@ -45,12 +45,12 @@ public:
      *  Except for #options, #hIcon and #hoverTime the library neither reads nor writes these; they are state
      * that the parts of an application share. */
     ///@{
-    static unsigned int
-        options;             ///< option bits, 0x29 at first: 0x20 no sound at all, 0x08 no sound but sound 3
-    static double hoverTime; ///< rest of the mouse before a tool tip shows, seconds; 0.3
-    static double minRng;    ///< metres; 4
-    static double maxRng;    ///< metres; 120
-    static int vantOnline;   ///< 1
+    /** Option bits, 0x29 at first: 0x20 no sound at all, 0x08 no sound but sound 3. */
+    static unsigned int options;
+    static double hoverTime;   ///< rest of the mouse before a tool tip shows, seconds; 0.3
+    static double minRng;      ///< metres; 4
+    static double maxRng;      ///< metres; 120
+    static int vantOnline;     ///< 1
     static int vantAutoOnline; ///< 1
     static int imgInd;         ///< number of the next image, kept by Settings(); 1
     static int aviInd;         ///< number of the next video; 1
@@ -165,9 +165,10 @@ public:
      * call left is replaced. */
     static void Init();
 
-    /** Destroys the windows of the tool tip and the message box, and deletes the pens blackL to tealL and the
-     * brushes blackB to tealB. slateL, slateB, the fonts and the skins deliberately stay until the process
-     * ends, the window classes with a stock background. */
+    /** Destroys the windows of the tool tip and the message box, releases the display lists that all 3D
+     * windows share, and deletes the pens blackL to tealL and the brushes blackB to tealB. slateL, slateB,
+     * the fonts and the skins deliberately stay until the process ends, the window classes with a stock
+     * background. */
     static void Exit();
 
     /** Writes imgInd to, or reads it from, the item "ImgInd"; the settings object decides which. */

@@ -26,8 +26,8 @@ namespace vant::detail
 template <class Number>
 struct Scanned {
     Number value = 0; ///< 0 when the text does not begin with a number
-    std::size_t used =
-        0; ///< characters up to the number's end, leading white space included; 0 for no number
+    /** Characters up to the number's end, leading white space included; 0 for no number. */
+    std::size_t used = 0;
 
     /** Whether there was a number. */
     explicit operator bool() const noexcept { return used != 0; }
