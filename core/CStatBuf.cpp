@@ -1,7 +1,6 @@
 #include "core/CStatBuf.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <utility>
 #include <vector>

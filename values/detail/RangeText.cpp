@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <string_view>
 
+#include "core/detail/NumberText.h"
+
 namespace vant::detail
 {
 

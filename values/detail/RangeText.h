@@ -2,8 +2,6 @@
 
 #include <cstddef>
 
-#include "core/detail/NumberText.h"
-
 namespace vant::detail
 {
 
