@@ -86,20 +86,19 @@ void CEGrid::SetRows(int count)
         RowsRemoved(rows, m_rows - rows);
 }
 
-/** Moves cells that are bound alone with their rows. @param count  rows that come at a place; negative: that
- * go from there */
+/** Moves cells that are bound alone with their rows; they stay the same objects. @param count  rows that come
+ * at a place; negative: that go from there */
 void CEGrid::MoveBoundCells(int at, int count)
 {
-    if (m_cells.empty())
-        return;
-    std::map<std::pair<int, int>, CEVal> moved;
-    for (const auto& [place, val] : m_cells) {
-        if (place.first < at)
-            moved.emplace(place, val);
-        else if (place.first + std::min(count, 0) >= at)
-            moved.emplace(std::pair(place.first + count, place.second), val);
+    decltype(m_cells) moved;
+    for (auto next = m_cells.lower_bound({at, 0}); next != m_cells.end();) {
+        auto cell = m_cells.extract(next++);
+        if (cell.key().first < at - std::min(count, 0))
+            continue;
+        cell.key().first += count;
+        moved.insert(moved.end(), std::move(cell));
     }
-    m_cells = std::move(moved);
+    m_cells.merge(moved);
 }
 
 void CEGrid::RowsInserted(int at, int count)

@@ -129,8 +129,8 @@ public:
      * sorts, for which it asks for every cell of the column */
     void SetSource(CObject* target, GetFn get, PutFn put = nullptr, SortFn sort = nullptr);
     /** Binds one cell to a variable, which must outlive that. @return its value, which has the units,
-     * decimals, scale, range and callbacks of the column as they are now, and may be given others; null
-     * outside the grid */
+     * decimals, scale, range and callbacks of the column as they are now, and may be given others: it stays
+     * valid until its row is removed, or the columns are; null outside the grid */
     template <class T>
     CEVal* InitCell(int row, int col, T& variable)
     {

@@ -168,11 +168,16 @@ TEST_F(CEGridTest, ShowsWhatItIsBoundTo)
     EXPECT_EQ(grid->CellText(3, 1), L"98.4");
 
     short other = 77;
-    ASSERT_NE(grid->InitCell(2, 2, other), nullptr);
+    CEVal* const own = grid->InitCell(2, 2, other);
+    ASSERT_NE(own, nullptr);
     EXPECT_EQ(grid->InitCell(4, 0, other), nullptr);
     EXPECT_EQ(grid->CellText(2, 2), L"77");
+    grid->SetRows(3);
+    own->scale = 2;
+    EXPECT_EQ(grid->CellText(2, 2), L"154") << "the value that was given out stays the cell's";
     grid->RowsInserted(0, 2);
-    EXPECT_EQ(grid->CellText(4, 2), L"77");
+    EXPECT_EQ(grid->CellText(4, 2), L"154");
+    own->scale = 1;
     grid->RowsRemoved(0, 2);
     EXPECT_EQ(grid->CellText(2, 2), L"77");
     grid->RowsRemoved(2, 1);
