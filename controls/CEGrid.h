@@ -149,7 +149,8 @@ public:
     ///@{
     /** Sorts by a column, the rows themselves staying where they are, and keeps the current cell. Data that
      * is missing stands last. The selection is the current cell alone afterwards.
-     *  @param dir  SortDir  @return 1, or 0 if the column cannot be sorted by */
+     *  @param dir  SortDir  @return 1; or 0 if the column cannot be sorted by, and while a cell of rows that
+     * their source puts in order is edited */
     int Sort(int col, int dir);
     /** Sorts again, as the values are now. */
     void SortAgain() { Sort(m_sortCol, m_sortDir); }

@@ -90,8 +90,11 @@ int CEGrid::Sort(int col, int dir)
         return 0;
     const bool bySource = sorts && IsSortedBySource(col);
     const bool wasBySource = IsSortedBySource(m_sortCol);
+    // Under the field there would be another row, and would get what is being typed.
+    if (m_editing && (bySource || wasBySource))
+        return 0;
     const int row = CurRow();
-    if (bySource ? !(m_source->*m_sort)(col, dir) : false)
+    if (bySource && !(m_source->*m_sort)(col, dir))
         return 0;
     if (wasBySource && !bySource)
         (m_source->*m_sort)(m_sortCol, sortNone);

@@ -358,6 +358,17 @@ TEST_F(CEGridTest, TheSourceSortsItsRows)
     EXPECT_EQ(grid->SortCol(), 2) << "it cannot sort by that";
     grid->Sort(-1, CEGrid::sortNone);
     EXPECT_THAT(owner.sorted, ElementsAre(std::pair(2, 1), std::pair(1, 1), std::pair(2, 0)));
+    // What is being typed belongs to a row that the source would put elsewhere.
+    grid->Sort(2, CEGrid::sortUp);
+    owner.sorted.clear();
+    grid->Sel(3, 1);
+    ASSERT_EQ(grid->BeginEdit(), 1);
+    grid->SortAgain();
+    EXPECT_EQ(grid->Sort(-1, CEGrid::sortNone), 0);
+    EXPECT_THAT(owner.sorted, ElementsAre());
+    EXPECT_EQ(grid->EndEdit(false), 1);
+    EXPECT_EQ(grid->Sort(-1, CEGrid::sortNone), 1);
+
     grid->SetSource(&owner, static_cast<CEGrid::GetFn>(&Owner::Get));
     grid->Sort(1, CEGrid::sortDown);
     EXPECT_EQ(grid->RowAt(0), 9) << "by the grid itself";
