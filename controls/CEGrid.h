@@ -270,6 +270,7 @@ private:
 
     Parts PartsOf() const;
     int NumbersWidth() const;
+    void KeepCurrentShown();
     void SyncLayout();
     Cell CellAt(CPoint at) const;
     int HeadingAt(CPoint at) const;

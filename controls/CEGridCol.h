@@ -39,7 +39,7 @@ public:
     int width = 80;        ///< units; the user may change it
     int align = alignAuto; ///< Align, of cells and heading
     int readOnly = 0;      ///< non-zero: the user cannot edit its cells
-    int hidden = 0;        ///< non-zero: not shown
+    int hidden = 0;        ///< non-zero: not shown, and never the current one
     int sortable = 1;      ///< non-zero: a click on the heading sorts
     /** @} */
 

@@ -93,6 +93,18 @@ CEGrid::Parts CEGrid::PartsOf() const
     return parts;
 }
 
+/** Goes from a column that is hidden to the one beside it, where the user sees what is current. */
+void CEGrid::KeepCurrentShown()
+{
+    const Cell current = m_sel.Current();
+    if (current.col < 0 || m_layout.Width(current.col) > 0)
+        return;
+    const int next = m_layout.Next(current.col, 1);
+    const int shown = next >= 0 ? next : m_layout.Next(current.col, -1);
+    if (shown >= 0)
+        m_sel.Go({current.row, shown});
+}
+
 /** Adapts what is scrolled and selected to columns, rows and room. */
 void CEGrid::SyncLayout()
 {
@@ -102,6 +114,7 @@ void CEGrid::SyncLayout()
     m_layout.Set(widths);
     m_sel.wholeRows = wholeRows != 0;
     m_sel.SetSize(m_rows, ColCount());
+    KeepCurrentShown();
     const Parts parts = PartsOf();
     m_down.SetRows(m_rows);
     m_down.SetPage(parts.cells.Height() / std::max(rowH, 1));

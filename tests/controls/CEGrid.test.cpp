@@ -184,6 +184,23 @@ TEST_F(CEGridTest, ShowsWhatItIsBoundTo)
     EXPECT_EQ(grid->CellText(2, 2), L"") << "as the array has it";
 }
 
+TEST_F(CEGridTest, WhatIsCurrentIsNeverInAHiddenColumn)
+{
+    Bind();
+    grid->GetCol(0)->hidden = 1;
+    grid->GetCol(2)->hidden = 1;
+    Open();
+    EXPECT_EQ(Current(), std::pair(0, 1));
+    EXPECT_TRUE(grid->IsSelected(0, 1));
+    row = 3;
+    grid->Update(1);
+    grid->Sel(2, 0);
+    EXPECT_EQ(Current(), std::pair(2, 1));
+    grid->Sel(2, 2);
+    EXPECT_EQ(Current(), std::pair(2, 1)) << "no farther one to the right";
+    EXPECT_EQ(grid->SelText(true), L"Depth\r\n7.25\r\n");
+}
+
 TEST_F(CEGridTest, KeysGoEverywhere)
 {
     BindSource(1000000);
