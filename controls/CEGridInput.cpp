@@ -125,6 +125,8 @@ bool CEGrid::TakeKey(UINT key)
         break;
     case VK_F2:
     case VK_RETURN:
+        if (cell.row < 0)
+            return false;
         if (!BeginEdit() && key == VK_RETURN)
             Tell(LBN_DBLCLK);
         return true;

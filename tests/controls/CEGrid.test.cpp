@@ -254,6 +254,31 @@ TEST_F(CEGridTest, ARowThatWasLoadedWaitsForItsRows)
     EXPECT_EQ(row, 1) << "the same row";
 }
 
+TEST_F(CEGridTest, EnterTellsOfACellOnly)
+{
+    class Host : public InputHost
+    {
+    public:
+        std::vector<UINT> told;
+
+    protected:
+        BOOL OnCommand(WPARAM w, LPARAM) override
+        {
+            told.push_back(HIWORD(w));
+            return TRUE;
+        }
+    } parent;
+    Bind();
+    grid->GetCol(0)->readOnly = 1;
+    ASSERT_EQ(grid->Create(grid->WndStyle(), CRect(10, 10, 210, 158), &parent, 7), 1);
+    grid->SetFocus();
+    Key(VK_RETURN);
+    EXPECT_THAT(parent.told, ElementsAre(UINT{LBN_DBLCLK}));
+    grid->SetRows(0);
+    Key(VK_RETURN);
+    EXPECT_EQ(parent.told.size(), 1u) << "there is no row to speak of";
+}
+
 TEST_F(CEGridTest, TabLeavesAtTheEndOfARow)
 {
     Bind();
