@@ -410,9 +410,10 @@ void CEGrid::OnKeyDown(UINT key, UINT repeat, UINT flags)
 
 void CEGrid::OnChar(UINT character, UINT repeat, UINT flags)
 {
-    // Shift and blank has selected rows.
+    // Shift and blank has selected rows; Ctrl and Backspace types a character that no text has.
+    constexpr UINT ctrlBackspace = 0x7F;
     const bool isSelecting = character == firstPrintable && IsDown(VK_SHIFT);
-    if (character < firstPrintable || isSelecting || !BeginEdit())
+    if (character < firstPrintable || character == ctrlBackspace || isSelecting || !BeginEdit())
         return CECtrl::OnChar(character, repeat, flags);
     CEEdit& field = *Editor();
     field.SendMessage(WM_CHAR, character, static_cast<LPARAM>(repeat));

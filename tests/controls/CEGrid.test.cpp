@@ -520,6 +520,9 @@ TEST_F(CEGridTest, WhatCannotBeEditedIsNot)
     grid->Sel(0, 2);
     Type(grid->m_hWnd, L"a");
     EXPECT_FALSE(grid->IsEditing());
+    grid->GetCol(2)->readOnly = 0;
+    Type(grid->m_hWnd, L"\x7F");
+    EXPECT_FALSE(grid->IsEditing()) << "Ctrl and Backspace";
     grid->Sel(0, 1);
     EXPECT_EQ(grid->BeginEdit(), 0);
     mode = 0;
