@@ -57,13 +57,19 @@ void CELed::ClearStates()
 
 const CELed::State* CELed::Current() const
 {
+    std::int64_t number = 0;
     if (vant::detail::IsInteger(*this)) {
-        const std::int64_t bits = vant::detail::IntegerOf(*this) & mask;
-        const bool isWide = TypeOf(type) == ValueType::Int64;
-        return m_states.Find(isWide ? bits : vant::detail::LowBits<std::int32_t>(bits));
+        number = vant::detail::IntegerOf(*this);
+        // A value beyond 32 bits is none that the table could have, except by the bits of a mask.
+        if (mask != -1 || TypeOf(type) != ValueType::Int64)
+            number = vant::detail::LowBits<std::int32_t>(number & mask);
+    } else {
+        const double nearest = vant::detail::NumberOf(*this);
+        if (!std::isfinite(nearest))
+            return nullptr;
+        number = vant::detail::RoundToInt64(nearest) & mask;
     }
-    const double number = vant::detail::NumberOf(*this);
-    return std::isfinite(number) ? m_states.Find(vant::detail::RoundToInt64(number) & mask) : nullptr;
+    return m_states.Find(number);
 }
 
 bool CELed::IsKnown() const

@@ -81,10 +81,12 @@ TEST_F(LedTest, ReadsEveryNumberUnderItsMask)
         led.SetState(wanted, CELed::red);
         return led.IsKnown();
     };
+    constexpr auto topBit = static_cast<int>(0x80000000);
     EXPECT_TRUE(known(static_cast<char>(-3), -3));
-    EXPECT_TRUE(known(0x80000001u, static_cast<int>(0x80000000), static_cast<int>(0x80000000)));
+    EXPECT_TRUE(known(0x80000001u, topBit, topBit));
     EXPECT_TRUE(known(std::int64_t{0x100000007}, 7, 0xFF));
     EXPECT_FALSE(known(std::int64_t{0x100000007}, 7)) << "the upper half counts";
+    EXPECT_TRUE(known(std::int64_t{0x180000000}, topBit, topBit)) << "of the lower half alone";
     EXPECT_TRUE(known(1.6, 2));
     EXPECT_FALSE(known(-32768.0, -32768)) << "missing data";
     EXPECT_FALSE(known(std::numeric_limits<float>::quiet_NaN(), 0));
