@@ -184,7 +184,8 @@ void CESlider::DrawBar(CDC& dc, const Place& place, double share) const
                    ? 0
                    : place.layout.Start() + static_cast<int>(std::floor(at * place.layout.Travel() + 0.5));
     };
-    const auto [low, high] = std::minmax(along(share), along(other));
+    // By value: the list's form gives no references to what goes at once.
+    const auto [low, high] = std::minmax({along(share), along(other)});
     const int saved = dc.SaveDC();
     dc.IntersectClipRect(place.Bar(low, high - low));
     vant::detail::DrawPiece(dc, bar, Vant::slider, place.upright ? skin::filledV : skin::filled, 0,
