@@ -1,7 +1,7 @@
 #include "controls/CECb.h"
 
 #include "controls/detail/DropList.h"
-#include "controls/detail/DropPlace.h"
+#include "controls/detail/DropRect.h"
 #include "controls/detail/FieldFrame.h"
 #include "controls/detail/SkinPiece.h"
 #include "controls/detail/WorkArea.h"
@@ -13,7 +13,6 @@
 using vant::detail::DropList;
 using vant::detail::DropSize;
 using vant::detail::FieldCell;
-using vant::detail::ScreenBox;
 using vant::detail::Side;
 using vant::skins::Look;
 
@@ -21,11 +20,6 @@ IMPLEMENT_DYNAMIC(CECb, CECtrl)
 
 namespace
 {
-
-ScreenBox BoxOf(const CRect& r)
-{
-    return {r.left, r.top, r.right, r.bottom};
-}
 
 Side SideOf(int layout)
 {
@@ -134,13 +128,11 @@ CRect CECb::DropRc() const
     CRect at;
     GetWindowRect(&at);
     const CDpi dpi = Dpi();
-    const ScreenBox box = BoxOf(at);
-    const ScreenBox area = BoxOf(vant::detail::WorkArea(at.CenterPoint()));
+    const CRect area = vant::detail::WorkArea(at.CenterPoint());
     const int across = IsVertical() ? at.Height() : std::max<int>(at.Width(), dpi.ToPx(dropW));
     const auto place = [&](int count) {
         const DropSize size{dpi.ToPx(m_list->LengthOf(count)), across, dpi.ToPx(m_list->LengthOf(1))};
-        const ScreenBox r = vant::detail::PlaceDrop(box, area, SideOf(layout), size);
-        return CRect(r.left, r.top, r.right, r.bottom);
+        return vant::detail::PlaceDrop(at, area, SideOf(layout), size);
     };
     const int count = std::clamp(m_list->GetCount(), 1, std::max(maxRows, 1));
     const CRect r = place(count);

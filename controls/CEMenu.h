@@ -105,6 +105,8 @@ protected:
 private:
     friend class vant::detail::MenuTracker;
 
+    static constexpr int frameW = 2; // units
+
     CEMEnt* Append(std::unique_ptr<CEMEnt> ent);
     bool Holds(const CEMEnt* ent) const;
     CEMEnt* FindAccel(const MSG& msg) const;

@@ -15,7 +15,6 @@ namespace
 {
 
 // Units.
-constexpr int frameW = 2;
 constexpr int rowH = 24;
 constexpr int lineH = 8;
 constexpr int markW = 20;  // of a mark, and of the arrow of a sub-menu

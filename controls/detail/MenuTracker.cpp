@@ -1,12 +1,11 @@
+// MenuTracker: opening, closing, and the loop in between.
 #include "controls/detail/MenuTracker.h"
 
 #include "controls/CEMenu.h"
-#include "controls/detail/Accel.h"
-#include "controls/detail/MouseMessages.h"
+#include "controls/detail/DropRect.h"
 #include "controls/detail/WorkArea.h"
 
 #include <algorithm>
-#include <cstdlib>
 
 namespace vant::detail
 {
@@ -14,69 +13,10 @@ namespace vant::detail
 namespace
 {
 
-enum Timer : UINT_PTR { watchTimer = 1, settleTimer, scrollTimer };
-
 constexpr UINT watchPeriod = 100; // milliseconds
-constexpr UINT scrollPeriod = 60;
-constexpr int frameW = 2; // of a menu, units
 
 // The menu that is open: one at a time, as there is one mouse.
 MenuTracker* tracking = nullptr;
-
-ScreenBox BoxOf(const CRect& r)
-{
-    return {r.left, r.top, r.right, r.bottom};
-}
-
-CRect RectOf(const ScreenBox& r)
-{
-    return {r.left, r.top, r.right, r.bottom};
-}
-
-UINT SubDelay()
-{
-    DWORD delay = 400;
-    ::SystemParametersInfoW(SPI_GETMENUSHOWDELAY, 0, &delay, 0);
-    return std::max(static_cast<UINT>(delay), UINT{USER_TIMER_MINIMUM});
-}
-
-bool IsMove(UINT message) noexcept
-{
-    return message == WM_MOUSEMOVE || message == WM_NCMOUSEMOVE;
-}
-
-bool IsRelease(UINT message) noexcept
-{
-    switch (message) {
-    case WM_LBUTTONUP:
-    case WM_RBUTTONUP:
-    case WM_MBUTTONUP:
-    case WM_XBUTTONUP:
-    case WM_NCLBUTTONUP:
-    case WM_NCRBUTTONUP:
-    case WM_NCMBUTTONUP:
-    case WM_NCXBUTTONUP:
-        return true;
-    default:
-        return false;
-    }
-}
-
-/** Where a message of the mouse took place, on the screen. */
-CPoint PlaceOf(const MSG& msg)
-{
-    CPoint at(static_cast<short>(LOWORD(msg.lParam)), static_cast<short>(HIWORD(msg.lParam)));
-    const bool isClient = msg.message >= WM_MOUSEFIRST && msg.message <= WM_MOUSELAST &&
-                          msg.message != WM_MOUSEWHEEL && msg.message != WM_MOUSEHWHEEL;
-    if (isClient)
-        ::ClientToScreen(msg.hwnd, &at);
-    return at;
-}
-
-wchar_t FirstLetter(const CString& text)
-{
-    return text.IsEmpty() ? L'\0' : text.Left(1).MakeUpper().GetAt(0);
-}
 
 } // namespace
 
@@ -112,17 +52,23 @@ void MenuTracker::Cancel(const CEMenu& menu)
         tracking->CloseAll();
 }
 
+/** Makes the rows of a menu that is to open. @return its size, pixels */
+CSize MenuTracker::PrepareSize(CEMenu& menu) const
+{
+    menu.Prepare();
+    return m_dpi.ToPx(CRect(CPoint(0, 0), menu.Size(m_dpi))).Size();
+}
+
 bool MenuTracker::OpenRoot(const CRect& beside, bool isPoint)
 {
     // What was being dragged is let go of.
     ::ReleaseCapture();
     CEMenu& menu = *m_open.front();
-    menu.Prepare();
-    const CSize size = m_dpi.ToPx(CRect(CPoint(0, 0), menu.Size(m_dpi))).Size();
+    const CSize size = PrepareSize(menu);
     const CRect area = WorkArea(beside.CenterPoint());
     const int height = std::min<int>(size.cy, area.Height());
-    CRect place = RectOf(PlaceDrop(BoxOf(beside), BoxOf(area), Side::Below,
-                                   {height, std::max<int>(size.cx, beside.Width()), height}));
+    CRect place =
+        PlaceDrop(beside, area, Side::Below, {height, std::max<int>(size.cx, beside.Width()), height});
     // Not under the mouse, as far as there is room beside it.
     if (isPoint && beside.left + size.cx > area.right && beside.left - size.cx >= area.left)
         place.OffsetRect(beside.left - place.right, 0);
@@ -141,30 +87,35 @@ void MenuTracker::OpenSub(std::size_t level, bool select)
     const CEMEnt* const ent = menu.EntOf(menu.m_current);
     if (!ent || !ent->sub || !ent->enabled || ent->sub->IsEmpty())
         return;
-    CEMenu& sub = *ent->sub;
-    if (m_open.size() <= level + 1 || m_open[level + 1] != &sub) {
-        CloseTo(level + 1);
-        sub.Prepare();
-        const CSize size = m_dpi.ToPx(CRect(CPoint(0, 0), sub.Size(m_dpi))).Size();
-        CRect row = menu.RowRc(menu.m_current);
-        row.InflateRect(0, frameW);
-        row = m_dpi.ToPx(row);
-        menu.ClientToScreen(&row);
-        const CRect area = WorkArea(row.CenterPoint());
-        const ScreenBox box = BoxOf(row);
-        const int height = std::min<int>(size.cy, area.Height());
-        const ScreenBox place = PlaceDrop(box, BoxOf(area), m_side, {size.cx, height, size.cx});
-        // Sub-menus of sub-menus go on in the same direction.
-        if (place.left >= box.right)
-            m_side = Side::Right;
-        else if (place.right <= box.left)
-            m_side = Side::Left;
-        if (!sub.OpenAt(RectOf(place), m_owner, m_dpi))
-            return;
-        m_open.push_back(&sub);
-    }
+    const bool isOpen = m_open.size() > level + 1 && m_open[level + 1] == ent->sub.get();
+    if (!isOpen && !OpenBeside(level, *ent->sub))
+        return;
     if (select)
         Step(-1, 1);
+}
+
+/** Opens a menu beside the current row of another one, in place of what that has opened. */
+bool MenuTracker::OpenBeside(std::size_t level, CEMenu& sub)
+{
+    CloseTo(level + 1);
+    const CSize size = PrepareSize(sub);
+    CEMenu& menu = *m_open[level];
+    CRect row = menu.RowRc(menu.m_current);
+    row.InflateRect(0, CEMenu::frameW);
+    row = m_dpi.ToPx(row);
+    menu.ClientToScreen(&row);
+    const CRect area = WorkArea(row.CenterPoint());
+    const CRect place =
+        PlaceDrop(row, area, m_side, {size.cx, std::min<int>(size.cy, area.Height()), size.cx});
+    // Sub-menus of sub-menus go on in the same direction.
+    if (place.left >= row.right)
+        m_side = Side::Right;
+    else if (place.right <= row.left)
+        m_side = Side::Left;
+    if (!sub.OpenAt(place, m_owner, m_dpi))
+        return false;
+    m_open.push_back(&sub);
+    return true;
 }
 
 void MenuTracker::CloseTo(std::size_t levels)
@@ -202,282 +153,6 @@ void MenuTracker::Loop()
         ::TranslateMessage(&msg);
         ::DispatchMessageW(&msg);
     }
-}
-
-/** Whether the window that the menu belongs to is still the one in use. */
-bool MenuTracker::IsThere() const
-{
-    return ::GetActiveWindow() == m_active && (!m_owner || ::IsWindowVisible(m_owner));
-}
-
-/** Uses up a message that is the menu's. */
-bool MenuTracker::Takes(const MSG& msg)
-{
-    const UINT message = msg.message;
-    if (message == WM_TIMER && msg.hwnd == m_open.front()->m_hWnd) {
-        OnTimer(msg.wParam);
-        return true;
-    }
-    if (IsMove(message)) {
-        OnMove(PlaceOf(msg));
-        return true;
-    }
-    if (IsMousePress(message))
-        return OnPress(PlaceOf(msg));
-    if (IsRelease(message)) {
-        OnRelease(PlaceOf(msg));
-        return true;
-    }
-    if (message == WM_MOUSEWHEEL) {
-        OnWheel(static_cast<short>(HIWORD(msg.wParam)));
-        return true;
-    }
-    if (message == WM_KEYDOWN || message == WM_SYSKEYDOWN) {
-        // Letters come as characters.
-        ::TranslateMessage(&msg);
-        OnKey(static_cast<UINT>(msg.wParam));
-        return true;
-    }
-    if (message == WM_CHAR || message == WM_SYSCHAR) {
-        OnLetter(static_cast<wchar_t>(msg.wParam));
-        return true;
-    }
-    return message >= WM_KEYFIRST && message <= WM_KEYLAST;
-}
-
-void MenuTracker::OnTimer(UINT_PTR timer)
-{
-    CPoint at;
-    ::GetCursorPos(&at);
-    switch (timer) {
-    case watchTimer:
-        if (!IsThere())
-            CloseAll();
-        break;
-    case settleTimer:
-        m_open.front()->KillTimer(settleTimer);
-        if (const std::size_t level = LevelAt(at); level < m_open.size())
-            Settle(level);
-        break;
-    case scrollTimer:
-        ScrollAt(at);
-        break;
-    default:
-        break;
-    }
-}
-
-CPoint MenuTracker::Units(std::size_t level, CPoint at) const
-{
-    m_open[level]->ScreenToClient(&at);
-    return m_dpi.ToUnits(at);
-}
-
-std::size_t MenuTracker::LevelAt(CPoint at) const
-{
-    // The one that opened last is on top.
-    for (std::size_t level = m_open.size(); level-- > 0;) {
-        CRect place;
-        m_open[level]->GetWindowRect(&place);
-        if (place.PtInRect(at))
-            return level;
-    }
-    return m_open.size();
-}
-
-int MenuTracker::RowAt(std::size_t level, CPoint at) const
-{
-    return m_open[level]->m_rows.RowAt(Units(level, at).y - frameW);
-}
-
-void MenuTracker::OnMove(CPoint at)
-{
-    const CPoint way = at - m_start;
-    if (std::abs(way.x) >= ::GetSystemMetrics(SM_CXDRAG) || std::abs(way.y) >= ::GetSystemMetrics(SM_CYDRAG))
-        m_armed = true;
-    const std::size_t level = LevelAt(at);
-    if (level == m_open.size())
-        return;
-    CEMenu& menu = *m_open[level];
-    if (menu.m_rows.ArrowAt(Units(level, at).y - frameW)) {
-        m_open.front()->SetTimer(scrollTimer, scrollPeriod);
-        return;
-    }
-    MarkWayTo(level);
-    const int row = RowAt(level, at);
-    const CEMEnt* const ent = menu.EntOf(row);
-    if (!ent || ent->IsSeparator() || row == menu.m_current)
-        return;
-    menu.SetCurrent(row);
-    m_open.front()->SetTimer(settleTimer, SubDelay());
-}
-
-/** Makes the entries current that have led to a menu: on its way there the mouse comes by others. */
-void MenuTracker::MarkWayTo(std::size_t level)
-{
-    for (std::size_t outer = 0; outer < level; ++outer) {
-        CEMenu& menu = *m_open[outer];
-        for (int row = 0; row < menu.m_rows.Count(); ++row) {
-            if (menu.EntOf(row)->sub.get() == m_open[outer + 1])
-                menu.SetCurrent(row);
-        }
-    }
-}
-
-/** Opens the sub-menu of the entry that the mouse rests on, and closes those of others. */
-void MenuTracker::Settle(std::size_t level)
-{
-    const CEMenu& menu = *m_open[level];
-    const CEMEnt* const ent = menu.EntOf(menu.m_current);
-    const bool isOpen = ent && ent->sub && m_open.size() > level + 1 && m_open[level + 1] == ent->sub.get();
-    if (isOpen)
-        return;
-    CloseTo(level + 1);
-    OpenSub(level, false);
-}
-
-void MenuTracker::ScrollAt(CPoint at)
-{
-    const std::size_t level = LevelAt(at);
-    CEMenu* const menu = level < m_open.size() ? m_open[level] : nullptr;
-    const int by = menu ? menu->m_rows.ArrowAt(Units(level, at).y - frameW) : 0;
-    if (!by) {
-        m_open.front()->KillTimer(scrollTimer);
-        return;
-    }
-    CloseTo(level + 1);
-    if (menu->m_rows.ScrollTo(menu->m_rows.First() + by))
-        menu->Invalidate(FALSE);
-}
-
-/** The button went down. @return whether that was meant for the menu */
-bool MenuTracker::OnPress(CPoint at)
-{
-    const std::size_t level = LevelAt(at);
-    if (level == m_open.size()) {
-        const bool isButton = m_beside.PtInRect(at) != FALSE;
-        CloseAll();
-        return isButton;
-    }
-    m_armed = true;
-    OnMove(at);
-    Settle(level);
-    return true;
-}
-
-void MenuTracker::OnRelease(CPoint at)
-{
-    const std::size_t level = LevelAt(at);
-    if (!m_armed || level == m_open.size())
-        return;
-    const CEMEnt* const ent = m_open[level]->EntOf(RowAt(level, at));
-    if (!ent || ent != m_open[level]->EntOf(m_open[level]->m_current))
-        return;
-    if (ent->sub)
-        return Settle(level);
-    CloseTo(level + 1);
-    Activate();
-}
-
-void MenuTracker::OnWheel(int delta)
-{
-    m_wheelRest += delta;
-    const int rows = m_wheelRest / WHEEL_DELTA;
-    m_wheelRest %= WHEEL_DELTA;
-    if (rows && Last().m_rows.ScrollTo(Last().m_rows.First() - rows))
-        Last().Invalidate(FALSE);
-}
-
-/** Makes the next entry behind a row, or before it, the current one; lines are passed over, and after the
- * last one comes the first. */
-void MenuTracker::Step(int from, int by)
-{
-    CEMenu& menu = Last();
-    const int count = menu.m_rows.Count();
-    int row = from;
-    for (int tried = 0; tried < count; ++tried) {
-        row += by;
-        if (row < 0)
-            row = count - 1;
-        else if (row >= count)
-            row = 0;
-        if (!menu.EntOf(row)->IsSeparator())
-            return menu.SetCurrent(row);
-    }
-}
-
-/** Chooses the current entry, or opens its sub-menu. */
-void MenuTracker::Activate()
-{
-    CEMenu& menu = Last();
-    CEMEnt* const ent = menu.EntOf(menu.m_current);
-    if (!ent)
-        return;
-    if (ent->sub)
-        return OpenSub(m_open.size() - 1, true);
-    if (!ent->IsChoosable())
-        return;
-    m_chosen = ent;
-    CloseAll();
-}
-
-void MenuTracker::OnKey(UINT key)
-{
-    const CEMenu& menu = Last();
-    const int count = menu.m_rows.Count();
-    switch (key) {
-    case VK_DOWN:
-        return Step(menu.m_current, 1);
-    case VK_UP:
-        return Step(menu.m_current < 0 ? count : menu.m_current, -1);
-    case VK_HOME:
-    case VK_PRIOR:
-        return Step(-1, 1);
-    case VK_END:
-    case VK_NEXT:
-        return Step(count, -1);
-    case VK_RIGHT:
-        return OpenSub(m_open.size() - 1, true);
-    case VK_LEFT:
-        if (m_open.size() > 1)
-            CloseTo(m_open.size() - 1);
-        return;
-    case VK_ESCAPE:
-        if (m_open.size() > 1)
-            CloseTo(m_open.size() - 1);
-        else
-            CloseAll();
-        return;
-    case VK_RETURN:
-        return Activate();
-    case VK_MENU:
-    case VK_F10:
-        return CloseAll();
-    default:
-        return;
-    }
-}
-
-void MenuTracker::OnLetter(wchar_t letter)
-{
-    if (m_open.empty() || letter <= L' ')
-        return;
-    CEMenu& menu = Last();
-    const wchar_t wanted = CString(letter).MakeUpper().GetAt(0);
-    std::vector<int> rows;
-    for (int row = 0; row < menu.m_rows.Count(); ++row) {
-        const CString label = menu.EntOf(row)->Label();
-        const wchar_t mnemonic =
-            MnemonicOf(std::wstring_view(label, static_cast<std::size_t>(label.GetLength())));
-        if ((mnemonic ? mnemonic : FirstLetter(label)) == wanted)
-            rows.push_back(row);
-    }
-    if (rows.empty())
-        return;
-    const auto behind = std::find_if(rows.begin(), rows.end(), [&](int row) { return row > menu.m_current; });
-    menu.SetCurrent(behind != rows.end() ? *behind : rows.front());
-    if (rows.size() == 1)
-        Activate();
 }
 
 } // namespace vant::detail

@@ -29,11 +29,20 @@ public:
     MenuTracker& operator=(const MenuTracker&) = delete;
 
 private:
+    /** Timers of the first menu's window. */
+    enum Timer : UINT_PTR {
+        watchTimer = 1, ///< looks whether the owner is still in use
+        settleTimer,    ///< the mouse has rested on an entry
+        scrollTimer,    ///< scrolls on while the mouse is on an arrow
+    };
+
     MenuTracker(CEMenu& menu, HWND owner);
     ~MenuTracker();
 
+    CSize PrepareSize(CEMenu& menu) const;
     bool OpenRoot(const CRect& beside, bool isPoint);
     void OpenSub(std::size_t level, bool select);
+    bool OpenBeside(std::size_t level, CEMenu& sub);
     void CloseTo(std::size_t levels);
     void CloseAll();
     void Loop();
@@ -59,7 +68,7 @@ private:
     std::size_t LevelAt(CPoint at) const;
     int RowAt(std::size_t level, CPoint at) const;
     CPoint Units(std::size_t level, CPoint at) const;
-    CEMenu& Last() const { return *m_open.back(); }
+    CEMenu& Innermost() const { return *m_open.back(); }
 
     const HWND m_owner;
     const HWND m_active; // active window at the beginning
