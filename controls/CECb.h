@@ -2,6 +2,7 @@
 
 #include "controls/CECtrl.h"
 #include "controls/CEList.h"
+#include "controls/detail/WheelTurn.h"
 #include "core/VantApi.h"
 
 #include <memory>
@@ -141,7 +142,7 @@ private:
     void Choose(CELEnt* ent);
 
     std::unique_ptr<vant::detail::DropList> m_list;
-    int m_wheelRest = 0;     // of the wheel, less than a notch
+    vant::detail::WheelTurn m_wheel;
     bool m_held = false;     // the button that opened the list is still down
     bool m_altAlone = false; // Alt is down, and no other key was pressed since
 };

@@ -81,9 +81,7 @@ BOOL CECb::OnMouseWheel(UINT flags, short delta, CPoint point)
     }
     if (::GetFocus() != m_hWnd)
         return CECtrl::OnMouseWheel(flags, delta, point);
-    m_wheelRest += delta;
-    const int notches = m_wheelRest / WHEEL_DELTA;
-    m_wheelRest %= WHEEL_DELTA;
+    const int notches = m_wheel.Take(delta);
     const CELEnt* const shown = GetSel();
     const int to = (shown ? shown->Index() : -1) - notches;
     CELEnt* const ent = List().GetAt(std::clamp(to, 0, std::max(List().GetCount() - 1, 0)));

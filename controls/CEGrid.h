@@ -6,6 +6,7 @@
 #include "controls/detail/ColumnLayout.h"
 #include "controls/detail/RowScroll.h"
 #include "controls/detail/SortIndex.h"
+#include "controls/detail/WheelTurn.h"
 #include "core/VantApi.h"
 
 #include <map>
@@ -321,8 +322,8 @@ private:
     vant::detail::ColumnLayout m_layout;
     vant::detail::RowScroll m_down;
     vant::detail::RowScroll m_across; // a row is a unit
-    int m_wheelDown = 0;              // of the wheels, less than a step
-    int m_wheelAcross = 0;
+    vant::detail::WheelTurn m_wheelDown;
+    vant::detail::WheelTurn m_wheelAcross;
 
     Grip m_grip = Grip::None;
     int m_gripAt = 0;     // where the thumb or border is held, from its own place

@@ -379,10 +379,7 @@ bool CEGrid::TakeWheel(short delta, bool across)
     const int page = scroll.Page();
     const int step = across ? acrossStep : 1;
     const int perNotch = steps > static_cast<UINT>(page / step) ? page : static_cast<int>(steps) * step;
-    int& rest = across ? m_wheelAcross : m_wheelDown;
-    rest += delta * perNotch;
-    const int by = rest / WHEEL_DELTA;
-    rest %= WHEEL_DELTA;
+    const int by = (across ? m_wheelAcross : m_wheelDown).Take(delta, perNotch);
     ScrollTo(First() - (across ? 0 : by), Offset() + (across ? by : 0));
     return true;
 }

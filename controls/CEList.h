@@ -4,6 +4,7 @@
 #include "controls/CELEnt.h"
 #include "controls/detail/RowScroll.h"
 #include "controls/detail/TypeAhead.h"
+#include "controls/detail/WheelTurn.h"
 #include "core/VantApi.h"
 
 #include <memory>
@@ -241,7 +242,7 @@ private:
     std::unique_ptr<vant::detail::EntryKey> m_lookedFor; // what no entry stood for
     vant::detail::RowScroll m_scroll;                    // a row is an entry
     vant::detail::TypeAhead m_typed;
-    int m_wheelRest = 0; // of the wheel, less than an entry
+    vant::detail::WheelTurn m_wheel;
     int m_grip = -1;     // where the thumb is held, from its beginning; -1: it is not
     bool m_held = false; // the button is down on the entries
 };

@@ -143,10 +143,7 @@ bool CEList::TakeWheel(short delta)
     UINT lines = 3;
     ::SystemParametersInfoW(SPI_GETWHEELSCROLLLINES, 0, &lines, 0);
     const int perNotch = static_cast<int>(std::min(lines, static_cast<UINT>(Page())));
-    m_wheelRest += delta * perNotch;
-    const int step = m_wheelRest / WHEEL_DELTA;
-    m_wheelRest %= WHEEL_DELTA;
-    ScrollTo(First() - step);
+    ScrollTo(First() - m_wheel.Take(delta, perNotch));
     return true;
 }
 

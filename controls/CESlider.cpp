@@ -351,9 +351,7 @@ BOOL CESlider::OnMouseWheel(UINT flags, short delta, CPoint point)
     GetWindowRect(&place);
     if (!vant::detail::HasFocus(*this) || !place.PtInRect(point) || dragging)
         return CECtrl::OnMouseWheel(flags, delta, point);
-    m_wheel += delta;
-    const int notches = m_wheel / WHEEL_DELTA;
-    m_wheel %= WHEEL_DELTA;
+    const int notches = m_wheel.Take(delta);
     const SliderScale range = Scale();
     if (notches != 0)
         Adjust(notches * ((flags & MK_SHIFT) ? range.FineStep() : range.KeyStep()));

@@ -3,6 +3,7 @@
 #include "controls/CECtrl.h"
 #include "controls/detail/SliderLayout.h"
 #include "controls/detail/SliderScale.h"
+#include "controls/detail/WheelTurn.h"
 
 #include <cstdint>
 #include <vector>
@@ -156,7 +157,7 @@ private:
     double m_pending = 0;        // of a drag that does not write yet: where it is
     int m_grip = 0;              // from the middle of the thumb to the mouse, pixels
     int m_at = 0;                // where the drag has the thumb, pixels along the slider
-    int m_wheel = 0;             // of a notch, not yet taken
-    bool m_moved = false;        // since the drag began
-    bool m_changed = false;      // the value, since the adjustment began
+    vant::detail::WheelTurn m_wheel;
+    bool m_moved = false;   // since the drag began
+    bool m_changed = false; // the value, since the adjustment began
 };

@@ -2,6 +2,7 @@
 
 #include "controls/CDpi.h"
 #include "controls/detail/DropPlace.h"
+#include "controls/detail/WheelTurn.h"
 
 #include <afxwin.h>
 
@@ -78,7 +79,7 @@ private:
     CRect m_beside;              // a click there only closes the menu
     CPoint m_start;              // where the mouse was
     bool m_armed = false;        // releasing the button chooses
-    int m_wheelRest = 0;         // less than a row
+    WheelTurn m_wheel;
     CEMEnt* m_chosen = nullptr;
 };
 

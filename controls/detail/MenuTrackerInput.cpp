@@ -241,9 +241,7 @@ void MenuTracker::OnRelease(CPoint at)
 
 void MenuTracker::OnWheel(int delta)
 {
-    m_wheelRest += delta;
-    const int rows = m_wheelRest / WHEEL_DELTA;
-    m_wheelRest %= WHEEL_DELTA;
+    const int rows = m_wheel.Take(delta);
     if (rows && Innermost().m_rows.ScrollTo(Innermost().m_rows.First() - rows))
         Innermost().Invalidate(FALSE);
 }
