@@ -3,6 +3,7 @@
 #include "controls/detail/DropList.h"
 #include "controls/detail/DropRect.h"
 #include "controls/detail/FieldFrame.h"
+#include "controls/detail/ParentCommand.h"
 #include "controls/detail/SkinPiece.h"
 #include "controls/detail/WorkArea.h"
 #include "platform/Vant.h"
@@ -169,10 +170,7 @@ void CECb::Choose(CELEnt* ent)
         Invalidate(FALSE);
     Execute();
     // A callback may have destroyed the window, or its parent.
-    if (notified && ::IsWindow(self))
-        ::SendMessageW(::GetAncestor(self, GA_PARENT), WM_COMMAND,
-                       MAKEWPARAM(static_cast<WORD>(notified), CBN_SELCHANGE),
-                       reinterpret_cast<LPARAM>(self));
+    vant::detail::SendCommand(self, notified, CBN_SELCHANGE);
 }
 
 CRect CECb::ButtonRc() const

@@ -2,12 +2,15 @@
 #include "controls/CEGrid.h"
 
 #include "controls/CEEdit.h"
+#include "controls/detail/KeyState.h"
+#include "controls/detail/ParentCommand.h"
 #include "controls/detail/ScrollStrip.h"
 
 #include <algorithm>
 #include <climits>
 #include <cstdlib>
 
+using vant::detail::IsKeyDown;
 using vant::detail::RowScroll;
 using vant::detail::ScrollStrip;
 
@@ -36,11 +39,6 @@ constexpr UINT dragPeriod = 50; // milliseconds between two rows while the mouse
 constexpr int acrossStep = 24;  // units to a step of a wheel sideways
 constexpr wchar_t firstPrintable = L' ';
 
-bool IsDown(int key)
-{
-    return ::GetKeyState(key) < 0;
-}
-
 /** Where the thumb of a bar is to go, or how far a press beside it turns. */
 int TurnTo(const RowScroll& scroll, int at, RowScroll::Span thumb)
 {
@@ -51,10 +49,7 @@ int TurnTo(const RowScroll& scroll, int at, RowScroll::Span thumb)
 
 void CEGrid::Tell(int code)
 {
-    if (id)
-        ::SendMessageW(::GetAncestor(m_hWnd, GA_PARENT), WM_COMMAND,
-                       MAKEWPARAM(static_cast<WORD>(id), static_cast<WORD>(code)),
-                       reinterpret_cast<LPARAM>(m_hWnd));
+    vant::detail::SendCommand(m_hWnd, id, code);
 }
 
 /** Tells if the user has gone to another row. The grid may be gone afterwards. */
@@ -84,8 +79,8 @@ void CEGrid::GoTo(Cell cell, bool extend)
 
 bool CEGrid::TakeKey(UINT key)
 {
-    const bool shift = IsDown(VK_SHIFT);
-    const bool ctrl = IsDown(VK_CONTROL);
+    const bool shift = IsKeyDown(VK_SHIFT);
+    const bool ctrl = IsKeyDown(VK_CONTROL);
     SyncLayout();
     Cell cell = m_sel.Current();
     const int turn = std::max(Page() - 1, 1);
@@ -409,7 +404,7 @@ void CEGrid::OnChar(UINT character, UINT repeat, UINT flags)
 {
     // Shift and blank has selected rows; Ctrl and Backspace types a character that no text has.
     constexpr UINT ctrlBackspace = 0x7F;
-    const bool isSelecting = character == firstPrintable && IsDown(VK_SHIFT);
+    const bool isSelecting = character == firstPrintable && IsKeyDown(VK_SHIFT);
     if (character < firstPrintable || character == ctrlBackspace || isSelecting || !BeginEdit())
         return CECtrl::OnChar(character, repeat, flags);
     CEEdit& field = *Editor();
@@ -427,7 +422,7 @@ UINT CEGrid::OnGetDlgCode()
     const bool isKey = asked && asked->message == WM_KEYDOWN;
     const bool enter = isKey && asked->wParam == VK_RETURN && m_rows > 0;
     const bool tab = isKey && asked->wParam == VK_TAB && m_rows > 0 &&
-                     m_layout.Next(CurCol(), IsDown(VK_SHIFT) ? -1 : 1) >= 0;
+                     m_layout.Next(CurCol(), IsKeyDown(VK_SHIFT) ? -1 : 1) >= 0;
     return DLGC_WANTARROWS | DLGC_WANTCHARS | (enter ? DLGC_WANTMESSAGE : 0) | (tab ? DLGC_WANTTAB : 0);
 }
 

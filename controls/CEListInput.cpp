@@ -1,6 +1,7 @@
 // CEList: mouse and keyboard.
 #include "controls/CEList.h"
 
+#include "controls/detail/ParentCommand.h"
 #include "controls/detail/ScrollStrip.h"
 
 #include <algorithm>
@@ -38,10 +39,7 @@ void CEList::OnPick(CELEnt* ent, Pick how)
 
 void CEList::Tell(int code)
 {
-    if (id)
-        ::SendMessageW(::GetAncestor(m_hWnd, GA_PARENT), WM_COMMAND,
-                       MAKEWPARAM(static_cast<WORD>(id), static_cast<WORD>(code)),
-                       reinterpret_cast<LPARAM>(m_hWnd));
+    vant::detail::SendCommand(m_hWnd, id, code);
 }
 
 bool CEList::IsTyping() const

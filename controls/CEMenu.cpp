@@ -1,6 +1,7 @@
 #include "controls/CEMenu.h"
 
 #include "controls/detail/Accel.h"
+#include "controls/detail/KeyState.h"
 #include "controls/detail/MenuTracker.h"
 #include "platform/Vant.h"
 #include "platform/detail/Skins.h"
@@ -9,6 +10,7 @@
 #include <utility>
 
 using vant::detail::Accel;
+using vant::detail::IsKeyDown;
 
 IMPLEMENT_DYNAMIC(CEMenu, CECtrl)
 
@@ -17,16 +19,6 @@ BEGIN_MESSAGE_MAP(CEMenu, CECtrl)
 END_MESSAGE_MAP()
 
 CDC& CEMenu::s_skin = vant::detail::MenuSkin();
-
-namespace
-{
-
-bool IsDown(int key) noexcept
-{
-    return ::GetKeyState(key) < 0;
-}
-
-} // namespace
 
 CEMenu::CEMenu() = default;
 
@@ -117,8 +109,8 @@ bool CEMenu::Holds(const CEMEnt* ent) const
 
 CEMEnt* CEMenu::FindAccel(const MSG& msg) const
 {
-    const Accel pressed{static_cast<unsigned>(msg.wParam), IsDown(VK_CONTROL), IsDown(VK_SHIFT),
-                        IsDown(VK_MENU)};
+    const Accel pressed{static_cast<unsigned>(msg.wParam), IsKeyDown(VK_CONTROL), IsKeyDown(VK_SHIFT),
+                        IsKeyDown(VK_MENU)};
     for (CVantPtr* pos = m_ents.GetHeadPos(); pos;) {
         CEMEnt* const ent = m_ents.GetNext(pos);
         if (CEMEnt* const inside = ent->sub && ent->enabled ? ent->sub->FindAccel(msg) : nullptr)

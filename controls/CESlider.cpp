@@ -3,6 +3,7 @@
 
 #include "controls/detail/BoundNumber.h"
 #include "controls/detail/CtrlLook.h"
+#include "controls/detail/KeyState.h"
 #include "values/detail/ValueLock.h"
 
 #include <algorithm>
@@ -268,7 +269,7 @@ void CESlider::Adjust(double by, bool toEnd)
 bool CESlider::KeyAdjust(UINT key)
 {
     const SliderScale range = Scale();
-    const double small = ::GetKeyState(VK_SHIFT) < 0 ? range.FineStep() : range.KeyStep();
+    const double small = vant::detail::IsKeyDown(VK_SHIFT) ? range.FineStep() : range.KeyStep();
     switch (key) {
     case VK_RIGHT:
     case VK_UP:

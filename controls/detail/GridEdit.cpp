@@ -1,6 +1,7 @@
 #include "controls/detail/GridEdit.h"
 
 #include "controls/CEGrid.h"
+#include "controls/detail/KeyState.h"
 #include "values/detail/ValueType.h"
 
 namespace vant::detail
@@ -39,8 +40,8 @@ void GridEdit::Execute()
 
 bool GridEdit::TakeKey(UINT key)
 {
-    const bool shift = ::GetKeyState(VK_SHIFT) < 0;
-    if (key == VK_TAB && ::GetKeyState(VK_CONTROL) < 0)
+    const bool shift = IsKeyDown(VK_SHIFT);
+    if (key == VK_TAB && IsKeyDown(VK_CONTROL))
         return false;
     if (key != VK_TAB && key != VK_UP && key != VK_DOWN && key != VK_RETURN && key != VK_ESCAPE)
         return false;
