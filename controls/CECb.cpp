@@ -1,5 +1,6 @@
 #include "controls/CECb.h"
 
+#include "controls/detail/CtrlLook.h"
 #include "controls/detail/DropList.h"
 #include "controls/detail/DropRect.h"
 #include "controls/detail/FieldFrame.h"
@@ -206,12 +207,7 @@ void CECb::DrawButton(CDC* dc) const
 void CECb::Draw(CDC* dc)
 {
     CRect r = ClientRc();
-    const bool isFocused = m_hWnd && ::GetFocus() == m_hWnd;
-    FieldCell cell = (look & lookHover) ? FieldCell::Hover : FieldCell::Normal;
-    if (!IsEnabled())
-        cell = FieldCell::Disabled;
-    else if (isFocused)
-        cell = FieldCell::Focused;
+    const FieldCell cell = vant::detail::FieldCellOf(*this, vant::detail::HasFocus(*this));
     DrawBack(dc);
     style.Set(dc);
     vant::detail::DrawFieldFrame(*dc, r, style, cell, BackCol());

@@ -1,6 +1,7 @@
 // CEList: where the entries are, and the drawing.
 #include "controls/CEList.h"
 
+#include "controls/detail/CtrlLook.h"
 #include "controls/detail/CtrlText.h"
 #include "controls/detail/FieldFrame.h"
 #include "controls/detail/ScrollStrip.h"
@@ -11,7 +12,6 @@
 
 #include <algorithm>
 
-using vant::detail::FieldCell;
 using vant::detail::ScrollStrip;
 
 namespace
@@ -165,11 +165,7 @@ void CEList::DrawLabel(CDC* dc, CRect r, const CString& label, bool selected)
 
 void CEList::DrawFrame(CDC* dc, const CRect& r)
 {
-    FieldCell cell = (look & lookHover) ? FieldCell::Hover : FieldCell::Normal;
-    if (!IsEnabled())
-        cell = FieldCell::Disabled;
-    else if (m_hWnd && ::GetFocus() == m_hWnd)
-        cell = FieldCell::Focused;
+    const auto cell = vant::detail::FieldCellOf(*this, vant::detail::HasFocus(*this));
     vant::detail::DrawFieldFrame(*dc, r, style, cell, BackCol());
 }
 
@@ -192,7 +188,7 @@ void CEList::Draw(CDC* dc)
     style.Set(dc);
     DrawFrame(dc, ClientRc());
     const CELEnt* const current = Current();
-    const bool isFocused = m_hWnd && (::GetFocus() == m_hWnd || (GetStyle() & WS_POPUP));
+    const bool isFocused = vant::detail::HasFocus(*this) || (m_hWnd && (GetStyle() & WS_POPUP));
     const int last = std::min(First() + Page(), GetCount() - 1);
     for (int index = First(); index <= last; ++index) {
         CELEnt* const ent = GetAt(index);

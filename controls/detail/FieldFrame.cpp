@@ -1,5 +1,6 @@
 #include "controls/detail/FieldFrame.h"
 
+#include "controls/CECtrl.h"
 #include "controls/CEStyle.h"
 #include "controls/detail/SkinPiece.h"
 #include "platform/Vant.h"
@@ -22,6 +23,15 @@ void DrawFieldFrame(CDC& dc, const CRect& r, const CEStyle& style, FieldCell cel
     const HGDIOBJ own = style.pBrush ? style.pBrush->GetSafeHandle() : nullptr;
     const HGDIOBJ plain = own ? own : ::GetStockObject(BLACK_BRUSH);
     ::FillRect(dc, inside, style.greyBk ? static_cast<HBRUSH>(Vant::greyB) : static_cast<HBRUSH>(plain));
+}
+
+FieldCell FieldCellOf(const CECtrl& ctrl, bool hasFocus)
+{
+    if (!ctrl.IsEnabled())
+        return FieldCell::Disabled;
+    if (hasFocus)
+        return FieldCell::Focused;
+    return (ctrl.look & CECtrl::lookHover) ? FieldCell::Hover : FieldCell::Normal;
 }
 
 } // namespace vant::detail

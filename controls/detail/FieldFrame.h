@@ -2,6 +2,7 @@
 
 #include <afxwin.h>
 
+class CECtrl;
 class CEStyle;
 
 namespace vant::detail
@@ -9,6 +10,9 @@ namespace vant::detail
 
 /** Looks of the frame of a field, in the order of the skin. */
 enum class FieldCell { Normal, Hover, Focused, Invalid, Disabled };
+
+/** The look of a control's frame: disabled, focused or hover, the first that holds. */
+FieldCell FieldCellOf(const CECtrl& ctrl, bool hasFocus);
 
 /** What a field's frame takes of it on every side, units. */
 inline constexpr int fieldFrame = 2;
