@@ -279,8 +279,11 @@ private:
     CRect PlaceRc(int place, int col) const;
     void DrawHeadingFace(CDC& dc, const CRect& r, int cell);
     void DrawHeading(CDC& dc, int col, const CRect& r);
+    void DrawHeadings(CDC& dc, const Parts& parts);
+    void DrawRows(CDC& dc, const Parts& parts, int last);
     void DrawRow(CDC& dc, const Parts& parts, int place);
     void DrawCell(CDC& dc, int place, int col, const CRect& r);
+    void DrawNumbers(CDC& dc, const Parts& parts, int last) const;
     void DrawBars(CDC& dc, const Parts& parts) const;
     CString HeadingText(int col) const;
     int TextWidth(const CString& text) const;

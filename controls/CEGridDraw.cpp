@@ -13,7 +13,6 @@
 #include <algorithm>
 #include <cstdint>
 
-using vant::detail::FieldCell;
 using vant::detail::ScrollStrip;
 
 namespace
@@ -44,15 +43,6 @@ void DrawArrow(CDC& dc, const CRect& r, bool up, COLORREF colour)
     ::Polygon(dc, corners, static_cast<int>(std::size(corners)));
     ::SelectObject(dc, brush);
     ::SelectObject(dc, pen);
-}
-
-FieldCell FrameOf(const CECtrl& grid, bool hasFocus)
-{
-    if (!grid.IsEnabled())
-        return FieldCell::Disabled;
-    if (hasFocus)
-        return FieldCell::Focused;
-    return (grid.look & CECtrl::lookHover) ? FieldCell::Hover : FieldCell::Normal;
 }
 
 } // namespace
@@ -358,6 +348,52 @@ void CEGrid::DrawBars(CDC& dc, const Parts& parts) const
         dc.FillSolidRect(corner, Vant::slate);
 }
 
+void CEGrid::DrawHeadings(CDC& dc, const Parts& parts)
+{
+    const int saved = dc.SaveDC();
+    dc.IntersectClipRect(parts.head);
+    DrawHeadingFace(dc, parts.head, headNormal);
+    dc.IntersectClipRect(parts.cells.left, parts.head.top, parts.head.right, parts.head.bottom);
+    const int x = static_cast<int>(parts.cells.left) - Offset();
+    for (int col = 0; col < ColCount(); ++col) {
+        const CRect r(x + m_layout.Left(col), parts.head.top, x + m_layout.Right(col), parts.head.bottom);
+        if (r.Width() > 0 && r.right > parts.cells.left && r.left < parts.head.right)
+            DrawHeading(dc, col, r);
+    }
+    dc.RestoreDC(saved);
+}
+
+void CEGrid::DrawRows(CDC& dc, const Parts& parts, int last)
+{
+    const int saved = dc.SaveDC();
+    dc.IntersectClipRect(parts.cells);
+    for (int place = First(); place <= last; ++place)
+        DrawRow(dc, parts, place);
+    if (m_rows == 0 && !emptyText.IsEmpty()) {
+        dc.SetTextColor(vant::detail::disabledText);
+        const CRect r(parts.cells.left + textInset, parts.cells.top, parts.cells.right,
+                      parts.cells.top + rowH);
+        vant::detail::DrawLine(dc, emptyText, r, DT_LEFT);
+    }
+    dc.RestoreDC(saved);
+}
+
+void CEGrid::DrawNumbers(CDC& dc, const Parts& parts, int last) const
+{
+    const int saved = dc.SaveDC();
+    dc.IntersectClipRect(parts.numbers);
+    for (int place = First(); place <= last; ++place) {
+        const int top = static_cast<int>(parts.numbers.top) + (place - First()) * rowH;
+        CRect r(parts.numbers.left, top, parts.numbers.right, top + rowH);
+        const bool isIn = m_sel.HasRow(place);
+        dc.FillSolidRect(r, isIn ? Vant::teal : Vant::grey);
+        dc.SetTextColor(isIn && IsEnabled() ? vant::detail::litText : vant::detail::disabledText);
+        r.DeflateRect(textInset, 0);
+        vant::detail::DrawLine(dc, std::to_wstring(RowAt(place) + std::int64_t{1}).c_str(), r, DT_RIGHT);
+    }
+    dc.RestoreDC(saved);
+}
+
 void CEGrid::Draw(CDC* dc)
 {
     SyncLayout();
@@ -365,44 +401,13 @@ void CEGrid::Draw(CDC* dc)
     DrawBack(dc);
     style.Set(dc);
     const bool hasFocus = vant::detail::HasFocus(*this) || m_editing;
-    vant::detail::DrawFieldFrame(*dc, ClientRc(), style, FrameOf(*this, hasFocus), BackCol());
-
-    int saved = dc->SaveDC();
-    dc->IntersectClipRect(parts.head);
-    DrawHeadingFace(*dc, parts.head, headNormal);
-    dc->IntersectClipRect(parts.cells.left, parts.head.top, parts.head.right, parts.head.bottom);
-    const int x = static_cast<int>(parts.cells.left) - Offset();
-    for (int col = 0; col < ColCount(); ++col) {
-        const CRect r(x + m_layout.Left(col), parts.head.top, x + m_layout.Right(col), parts.head.bottom);
-        if (r.Width() > 0 && r.right > parts.cells.left && r.left < parts.head.right)
-            DrawHeading(*dc, col, r);
-    }
-    dc->RestoreDC(saved);
+    vant::detail::DrawFieldFrame(*dc, ClientRc(), style, vant::detail::FieldCellOf(*this, hasFocus),
+                                 BackCol());
 
     const int last = std::min(First() + Page(), m_rows - 1);
-    saved = dc->SaveDC();
-    dc->IntersectClipRect(parts.cells);
-    for (int place = First(); place <= last; ++place)
-        DrawRow(*dc, parts, place);
-    if (m_rows == 0 && !emptyText.IsEmpty()) {
-        dc->SetTextColor(vant::detail::disabledText);
-        CRect r(parts.cells.left + textInset, parts.cells.top, parts.cells.right, parts.cells.top + rowH);
-        vant::detail::DrawLine(*dc, emptyText, r, DT_LEFT);
-    }
-    dc->RestoreDC(saved);
-
-    saved = dc->SaveDC();
-    dc->IntersectClipRect(parts.numbers);
-    for (int place = First(); place <= last && rowNumbers; ++place) {
-        CRect r(parts.numbers.left, 0, parts.numbers.right, 0);
-        r.top = parts.numbers.top + (place - First()) * rowH;
-        r.bottom = r.top + rowH;
-        const bool isIn = m_sel.HasRow(place);
-        dc->FillSolidRect(r, isIn ? Vant::teal : Vant::grey);
-        dc->SetTextColor(isIn && IsEnabled() ? vant::detail::litText : vant::detail::disabledText);
-        r.DeflateRect(textInset, 0);
-        vant::detail::DrawLine(*dc, std::to_wstring(RowAt(place) + std::int64_t{1}).c_str(), r, DT_RIGHT);
-    }
-    dc->RestoreDC(saved);
+    DrawHeadings(*dc, parts);
+    DrawRows(*dc, parts, last);
+    if (rowNumbers)
+        DrawNumbers(*dc, parts, last);
     DrawBars(*dc, parts);
 }
