@@ -73,7 +73,7 @@ void PixelCanvas::Disc(double cx, double cy, double radius, Rgb colour) noexcept
 
 void PixelCanvas::Stroke(const TraceStroke& stroke, int left, Rgb colour) noexcept
 {
-    constexpr int strips = TraceStroke::strips;
+    constexpr int slices = TraceStroke::slices;
     const int first = std::max(m_clip.left - left, 0);
     const int end = std::min(m_clip.right - left, stroke.Columns());
     const auto top = static_cast<float>(m_clip.top);
@@ -82,7 +82,7 @@ void PixelCanvas::Stroke(const TraceStroke& stroke, int left, Rgb colour) noexce
         const TraceStroke::Cover* const covers = stroke.At(column);
         TraceStroke::Cover any;
         TraceStroke::Cover all{-1e9F, 1e9F};
-        for (int i = 0; i < strips; ++i) {
+        for (int i = 0; i < slices; ++i) {
             const TraceStroke::Cover& cover = covers[i];
             if (!cover.IsEmpty())
                 any.Add(cover.high, cover.low);
@@ -104,9 +104,9 @@ void PixelCanvas::Stroke(const TraceStroke& stroke, int left, Rgb colour) noexce
                 continue;
             }
             float cover = 0;
-            for (int i = 0; i < strips; ++i)
+            for (int i = 0; i < slices; ++i)
                 cover += std::max(std::min(covers[i].low, below) - std::max(covers[i].high, above), 0.0F);
-            *pixel = Mix(*pixel, colour, static_cast<int>(cover * (255.0F / strips)));
+            *pixel = Mix(*pixel, colour, static_cast<int>(cover * (255.0F / slices)));
         }
     }
 }
@@ -124,7 +124,7 @@ void PixelCanvas::Shade(const TraceStroke& stroke, int left, Rgb colour, int alp
     edges.reserve(static_cast<std::size_t>(std::max(end - first, 0)));
     for (int column = first; column < end; ++column) {
         TraceStroke::Cover any;
-        for (int i = 0; i < TraceStroke::strips; ++i) {
+        for (int i = 0; i < TraceStroke::slices; ++i) {
             const TraceStroke::Cover& cover = stroke.At(column)[i];
             if (!cover.IsEmpty())
                 any.Add(cover.high, cover.low);
@@ -153,12 +153,13 @@ int PixelCanvas::Text(int x, int baseLine, std::wstring_view text, GlyphSource& 
                            baseLine - glyph.top + glyph.height};
         const PxRect part = place.Cut(m_clip);
         for (int y = part.top; y < part.bottom; ++y) {
-            const std::uint8_t* const cover =
-                glyph.cover.data() + static_cast<std::ptrdiff_t>(y - place.top) * glyph.width - place.left;
+            const std::uint8_t* cover = glyph.cover.data() +
+                                        static_cast<std::ptrdiff_t>(y - place.top) * glyph.width +
+                                        (part.left - place.left);
             Rgb* const row = Row(y);
-            for (int at = part.left; at < part.right; ++at) {
-                if (cover[at])
-                    row[at] = Mix(row[at], colour, cover[at]);
+            for (int at = part.left; at < part.right; ++at, ++cover) {
+                if (*cover)
+                    row[at] = Mix(row[at], colour, *cover);
             }
         }
         x += glyph.advance;

@@ -22,7 +22,7 @@ double YOf(const TraceStroke::Map& map, double value) noexcept
 
 void TraceStroke::Make(const SamplePyramid& samples, const Map& map, int columns, float thickness)
 {
-    m_covers.assign(static_cast<std::size_t>(std::max(columns, 0)) * strips, Cover());
+    m_covers.assign(static_cast<std::size_t>(std::max(columns, 0)) * slices, Cover());
     if (columns <= 0 || samples.IsEmpty() || !(map.width > 0))
         return;
     const SamplePyramid::Index from = samples.From(map.start);
@@ -39,7 +39,7 @@ void TraceStroke::Make(const SamplePyramid& samples, const Map& map, int columns
 
 void TraceStroke::FromExtremes(const SamplePyramid& samples, const Map& map, float thickness)
 {
-    m_extremes.resize(m_covers.size() / strips);
+    m_extremes.resize(m_covers.size() / slices);
     samples.Columns(map.start, map.width, m_extremes);
     const float half = thickness / 2;
     Cover before;
@@ -59,13 +59,13 @@ void TraceStroke::FromExtremes(const SamplePyramid& samples, const Map& map, flo
                 const bool isBelow = cover.high > before.low;
                 const float middle = isBelow ? (cover.high + before.low) / 2 : (cover.low + before.high) / 2;
                 cover.Add(middle, middle);
-                Cover* const previous = &m_covers[(column - 1) * strips];
-                for (int i = 0; i < strips; ++i)
+                Cover* const previous = &m_covers[(column - 1) * slices];
+                for (int i = 0; i < slices; ++i)
                     previous[i].Add(middle - half, middle + half);
             }
         }
         if (!cover.IsEmpty())
-            std::fill_n(&m_covers[column * strips], strips, Cover{cover.high - half, cover.low + half});
+            std::fill_n(&m_covers[column * slices], slices, Cover{cover.high - half, cover.low + half});
         before = own;
     }
 }
@@ -92,17 +92,17 @@ void TraceStroke::FromSamples(const SamplePyramid& samples, const Map& map, Samp
 void TraceStroke::AddDot(Point at, double radius)
 {
     const double last = static_cast<double>(m_covers.size()) - 1;
-    const double first = std::max(std::ceil((at.x - radius) * strips - 0.5), 0.0);
-    const double end = std::min(std::floor((at.x + radius) * strips - 0.5), last);
-    for (double strip = first; strip <= end; ++strip) {
-        const double across = (strip + 0.5) / strips - at.x;
+    const double first = std::max(std::ceil((at.x - radius) * slices - 0.5), 0.0);
+    const double end = std::min(std::floor((at.x + radius) * slices - 0.5), last);
+    for (double slice = first; slice <= end; ++slice) {
+        const double across = (slice + 0.5) / slices - at.x;
         const double half = std::sqrt(std::max(radius * radius - across * across, 0.0));
-        m_covers[static_cast<std::size_t>(strip)].Add(static_cast<float>(at.y - half),
+        m_covers[static_cast<std::size_t>(slice)].Add(static_cast<float>(at.y - half),
                                                       static_cast<float>(at.y + half));
     }
 }
 
-/** Adds the rectangle around a line, cut by each of the strips that it touches. */
+/** Adds the rectangle around a line, cut by each of the slices that it touches. */
 void TraceStroke::AddLine(Point from, Point to, double radius)
 {
     const double dx = to.x - from.x;
@@ -122,12 +122,12 @@ void TraceStroke::AddLine(Point from, Point to, double radius)
         Point b = corners[(i + 1) % std::size(corners)];
         if (a.x > b.x)
             std::swap(a, b);
-        const double first = std::max(std::ceil(a.x * strips - 0.5), 0.0);
-        const double end = std::min(std::floor(b.x * strips - 0.5), last);
+        const double first = std::max(std::ceil(a.x * slices - 0.5), 0.0);
+        const double end = std::min(std::floor(b.x * slices - 0.5), last);
         const double slope = b.x > a.x ? (b.y - a.y) / (b.x - a.x) : 0;
-        for (double strip = first; strip <= end; ++strip) {
-            const auto y = static_cast<float>(a.y + slope * ((strip + 0.5) / strips - a.x));
-            m_covers[static_cast<std::size_t>(strip)].Add(y, y);
+        for (double slice = first; slice <= end; ++slice) {
+            const auto y = static_cast<float>(a.y + slope * ((slice + 0.5) / slices - a.x));
+            m_covers[static_cast<std::size_t>(slice)].Add(y, y);
         }
     }
 }

@@ -8,11 +8,11 @@ namespace vant::detail
 {
 
 /** What a line covers of the columns of a picture, from top to bottom, in pixels. Every column is cut into a
- * few strips, so that the edges of the line come out smooth. */
+ * few slices, so that the edges of the line come out smooth. */
 class TraceStroke
 {
 public:
-    static constexpr int strips = 4; ///< per column
+    static constexpr int slices = 4; ///< per column
 
     /** From the upper to the lower edge; nothing when `low` is below `high`. */
     struct Cover {
@@ -41,11 +41,11 @@ public:
      *  @param columns  of the picture  @param thickness  of the line, pixels */
     void Make(const SamplePyramid& samples, const Map& map, int columns, float thickness);
 
-    int Columns() const noexcept { return static_cast<int>(m_covers.size()) / strips; }
-    /** The strips of a column. */
+    int Columns() const noexcept { return static_cast<int>(m_covers.size()) / slices; }
+    /** The slices of a column. */
     const Cover* At(int column) const noexcept
     {
-        return &m_covers[static_cast<std::size_t>(column) * strips];
+        return &m_covers[static_cast<std::size_t>(column) * slices];
     }
 
 private:
