@@ -64,9 +64,9 @@ double TimeStep(double least) noexcept
         2 * minute, 5 * minute, 10 * minute, 15 * minute, 30 * minute, hour,    2 * hour,
         3 * hour,   6 * hour,   12 * hour,   day,         2 * day,     5 * day, 10 * day};
     if (least <= 0.5)
-        return RoundStep(decade, std::max(least, 1e-6));
+        return RoundStepOf(decade, std::max(least, 1e-6));
     const auto found = std::lower_bound(steps.begin(), steps.end(), least);
-    return found != steps.end() ? *found : day * RoundStep(decade, least / day);
+    return found != steps.end() ? *found : day * RoundStepOf(decade, least / day);
 }
 
 struct Calendar {
@@ -160,7 +160,7 @@ bool IsRange(AxisRange range) noexcept
 
 } // namespace
 
-double RoundStep(std::span<const double> table, double least) noexcept
+double RoundStepOf(std::span<const double> table, double least) noexcept
 {
     if (!(least > 0) || !(least < largest) || table.empty())
         return 1;
@@ -189,14 +189,14 @@ AxisRange FitRange(std::span<const double> table, AxisRange data, AxisRange befo
     if (IsRange(before) && data.min >= before.min && data.max <= before.max &&
         data.Length() >= before.Length() * shrinkBelow)
         return before;
-    double step = RoundStep(table, data.Length() / divisions);
+    double step = RoundStepOf(table, data.Length() / divisions);
     AxisRange fitted;
     // A step may be too small once both ends have been moved to divisions; the second or third is not.
     for (int larger = 0; larger < 4; ++larger) {
         fitted = {std::floor(data.min / step + slack) * step, std::ceil(data.max / step - slack) * step};
         if (fitted.Length() <= step * (divisions + slack))
             break;
-        step = RoundStep(table, step * (1 + slack));
+        step = RoundStepOf(table, step * (1 + slack));
     }
     return IsRange(fitted) ? fitted : data;
 }
@@ -206,7 +206,7 @@ std::vector<Tick> ValueTicks(std::span<const double> table, AxisRange range, int
     std::vector<Tick> ticks;
     if (!IsRange(range))
         return ticks;
-    const double step = RoundStep(table, range.Length() / std::max(divisions, 1) * (1 - slack));
+    const double step = RoundStepOf(table, range.Length() / std::max(divisions, 1) * (1 - slack));
     const int decimals = DecimalsOf(step);
     // Larger and smaller ones with nine digits, and an exponent if that is shorter.
     const bool isPlain = std::max(std::fabs(range.min), std::fabs(range.max)) < 1e6 && step >= 1e-6;

@@ -25,7 +25,7 @@ struct AxisRange {
 /** The smallest round step that is not below `least`: one of `table` x 10^n of which a whole number makes the
  * next power of ten. Multiples of the others, such as 0.75, would not be round themselves.
  *  @param table  one decade, in ascending order  @param least  above 0 and finite, else the step is 1 */
-double RoundStep(std::span<const double> table, double least) noexcept;
+double RoundStepOf(std::span<const double> table, double least) noexcept;
 
 /** The range that an axis takes by itself: it holds the data, ends at divisions, and changes as rarely as can
  * be. It grows at once, and shrinks when the data take less than half of it. Data of a single value are

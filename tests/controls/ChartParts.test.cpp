@@ -116,14 +116,14 @@ TEST(SamplePyramidTest, PutsNoSpikeIntoAWrongColumnAndLosesNone)
 
 TEST(ChartAxisTest, TakesRoundSteps)
 {
-    EXPECT_DOUBLE_EQ(RoundStep(si, 1), 1);
-    EXPECT_DOUBLE_EQ(RoundStep(si, 1.01), 2) << "multiples of 1.5 are not round";
-    EXPECT_DOUBLE_EQ(RoundStep(si, 2.01), 2.5);
-    EXPECT_DOUBLE_EQ(RoundStep(us, 2.01), 5);
-    EXPECT_DOUBLE_EQ(RoundStep(si, 0.0061), 0.01);
-    EXPECT_DOUBLE_EQ(RoundStep(si, 8e12), 1e13);
-    EXPECT_EQ(RoundStep(si, noValue), 1);
-    EXPECT_EQ(RoundStep(si, 0), 1);
+    EXPECT_DOUBLE_EQ(RoundStepOf(si, 1), 1);
+    EXPECT_DOUBLE_EQ(RoundStepOf(si, 1.01), 2) << "multiples of 1.5 are not round";
+    EXPECT_DOUBLE_EQ(RoundStepOf(si, 2.01), 2.5);
+    EXPECT_DOUBLE_EQ(RoundStepOf(us, 2.01), 5);
+    EXPECT_DOUBLE_EQ(RoundStepOf(si, 0.0061), 0.01);
+    EXPECT_DOUBLE_EQ(RoundStepOf(si, 8e12), 1e13);
+    EXPECT_EQ(RoundStepOf(si, noValue), 1);
+    EXPECT_EQ(RoundStepOf(si, 0), 1);
 }
 
 TEST(ChartAxisTest, FitsTheRangeAndChangesItSeldom)
