@@ -53,7 +53,6 @@ public:
         {
         }
         double Shift() const noexcept { return m_data.m_shift; }
-        int Traces() const noexcept { return static_cast<int>(m_data.m_traces.size()); }
         const SamplePyramid& Trace(int index) const
         {
             return *m_data.m_traces[static_cast<std::size_t>(index)];

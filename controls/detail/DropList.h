@@ -32,7 +32,6 @@ public:
 
     /** @name What the combo box passes on @{ */
     using CEList::DrawLabel;
-    using CEList::IsTyping;
     using CEList::TakeChar;
     using CEList::TakeKey;
     using CEList::TakeWheel;

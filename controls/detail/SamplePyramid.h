@@ -54,7 +54,6 @@ public:
     void Add(double t, double v) noexcept;
     void Clear() noexcept { m_end = m_first = m_next = 0; }
 
-    std::size_t Capacity() const noexcept { return m_capacity; }
     std::size_t Count() const noexcept { return static_cast<std::size_t>(m_end - m_first); }
     bool IsEmpty() const noexcept { return m_end == m_first; }
     /** Number of the oldest sample. */
