@@ -18,8 +18,8 @@ class EntryKey;
 /** A list of entries of which one is selected, with a scroll bar; also what drops down from a combo box.
  *
  *  The list owns its entries. They are added one by one, at the cost of each alone, or by the fill callback,
- * which finds the list empty. Only entries in view are
- * drawn, so a list of 100,000 opens and scrolls like one of ten.
+ * which finds the list empty. Only entries in view are drawn, so a list of 100,000 opens and scrolls like one
+ * of ten.
  *
  *  The selected entry is the value of the bound variable:
  *

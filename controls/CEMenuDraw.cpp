@@ -131,7 +131,8 @@ void CEMenu::DrawRow(CDC* dc, int row)
     if (const int shown = ent.ShownMark(); shown != CEMEnt::markNone) {
         const auto& piece = shown == CEMEnt::markCheck ? skin::checkMark : skin::bullet;
         if (!DrawPiece(*dc, mark, s_skin, piece, cell)) {
-            mark.DeflateRect(7, 7);
+            constexpr int gap = 7; // to a plain mark
+            mark.DeflateRect(gap, gap);
             dc->FillSolidRect(mark, style.txtCol);
         }
     }

@@ -253,13 +253,13 @@ void CESlider::Adjust(double by, bool toEnd)
         const vant::detail::ValueLock lock(pMutex);
         if (!vant::detail::IsNumber(*this) || !lock)
             return;
-        const SliderScale scale_ = Scale();
+        const SliderScale range = Scale();
         const double value = vant::detail::NumberOf(*this);
         const double end = by > 0 ? 1 : 0;
-        if (!std::isnan(value) && scale_.ShareOf(value) == end)
+        if (!std::isnan(value) && range.ShareOf(value) == end)
             return;
         const std::uint64_t before = vant::detail::SnapshotOf(*this);
-        vant::detail::PutNumber(*this, toEnd ? scale_.At(end) : scale_.Moved(value, by));
+        vant::detail::PutNumber(*this, toEnd ? range.At(end) : range.Moved(value, by));
         if (vant::detail::SnapshotOf(*this) == before)
             return;
     }

@@ -25,7 +25,6 @@ constexpr int uprightLabelRoom = 24; // width that numbers beside an upright sli
 constexpr int labelGap = 8;          // between two numbers, units
 constexpr int uprightLabelGap = 16;  // from one number's middle to the next one's, units
 constexpr int markGap = 8;           // from one mark to the next, units
-constexpr int barGap = 4;            // between slider and read-out, units
 
 CFont& LabelFont()
 {
@@ -211,7 +210,7 @@ void CESlider::DrawThumb(CDC& dc, const Place& place, double share) const
 void CESlider::DrawReadout(CDC& dc, const Place& place) const
 {
     const CRect& client = place.client;
-    CRect box(place.layout.Bar() + barGap, place.layout.Across(), client.right,
+    CRect box(place.layout.Bar() + SliderLayout::readoutGap, place.layout.Across(), client.right,
               place.layout.Across() + SliderLayout::across);
     if (place.upright)
         box = CRect(client.left, client.top, client.right, client.top + uprightReadout);

@@ -13,11 +13,12 @@ public:
     static constexpr int tickEnd = 19; ///< of the ticks, across
     static constexpr int tickLength = 4;
     static constexpr int labelRoom = 14; ///< across, for the numbers of a horizontal scale
+    static constexpr int readoutGap = 4; ///< from the bar to the read-out
 
     /** @param length, breadth  of the control  @param labelled  with room for numbers beside the ticks
      *  @param readout  length that the read-out takes from the far end; 0: none */
     constexpr SliderLayout(int length, int breadth, bool labelled, int readout) noexcept
-        : m_bar(length - (readout > 0 ? readout + gap : 0))
+        : m_bar(length - (readout > 0 ? readout + readoutGap : 0))
         , m_across(labelled ? 0 : (breadth - across) / 2)
     {
     }
@@ -32,8 +33,6 @@ public:
     constexpr int Across() const noexcept { return m_across; }
 
 private:
-    static constexpr int gap = 4;
-
     int m_bar;
     int m_across;
 };
