@@ -1,69 +1,17 @@
-#include "controls/CEGrid.h"
 #include "controls/CEEdit.h"
-#include "controls/CVantWnd.h"
-#include "controls/InputHost.h"
+#include "controls/GridOwner.h"
+#include "controls/ToldHost.h"
 #include "settings/CESet.h"
 #include "support/MessagePump.h"
 #include "values/EUnits.h"
 
-#include <functional>
 #include <memory>
-#include <utility>
 
 using namespace vant::test;
 using testing::ElementsAre;
 
 namespace
 {
-
-struct Sounding {
-    int line;
-    double depth;
-    CString note;
-};
-
-/** Hears of rows and edits, and has rows of its own. */
-class Owner : public CObject
-{
-public:
-    void OnRow(int row)
-    {
-        heard.push_back(row);
-        if (also)
-            std::exchange(also, nullptr)();
-    }
-    void OnEdit(double value)
-    {
-        edited.push_back(value);
-        if (also)
-            std::exchange(also, nullptr)();
-    }
-    void Get(CEGridCell& cell)
-    {
-        ++asked;
-        cell.num = cell.col == 0 ? cell.row : cell.row * 0.5;
-        cell.text.Format(L"Row %d", cell.row);
-    }
-    int Put(const CEGridCell& cell, CString& reason)
-    {
-        reason = L"Locked";
-        put = cell;
-        return allows;
-    }
-    int Sort(int col, int dir)
-    {
-        sorted.emplace_back(col, dir);
-        return col != 1;
-    }
-
-    std::vector<int> heard;
-    std::vector<double> edited;
-    std::vector<std::pair<int, int>> sorted;
-    CEGridCell put;
-    int allows = 1;
-    int asked = 0;
-    std::function<void()> also;
-};
 
 /** A grid of 200 x 120 in a window: six rows without the headings. */
 class CEGridTest : public ControlInputTest
@@ -76,20 +24,20 @@ protected:
         grid->AddCol(L"Line", 50)->InitRows(&log[0].line, sizeof log[0]);
         CEGridCol* const depth = grid->AddCol(L"Depth", 60);
         depth->InitRows(&log[0].depth, sizeof log[0]);
-        depth->SetCallback(&owner, static_cast<CEVal::CbDouble>(&Owner::OnEdit));
+        depth->SetCallback(&owner, static_cast<CEVal::CbDouble>(&GridOwner::OnEdit));
         grid->AddCol(L"Note", 80)->InitRows(&log[0].note, sizeof log[0]);
         grid->SetRows(static_cast<int>(log.size()));
         grid->Init(row);
-        grid->SetCallback(&owner, static_cast<CEVal::CbInt>(&Owner::OnRow));
+        grid->SetCallback(&owner, static_cast<CEVal::CbInt>(&GridOwner::OnRow));
     }
     void BindSource(int rows, bool sorts = false)
     {
         grid->AddCol(L"Number", 60, 4);
         grid->AddCol(L"Half", 60, 9);
         grid->AddCol(L"Text", 60);
-        grid->SetSource(&owner, static_cast<CEGrid::GetFn>(&Owner::Get),
-                        static_cast<CEGrid::PutFn>(&Owner::Put),
-                        sorts ? static_cast<CEGrid::SortFn>(&Owner::Sort) : nullptr);
+        grid->SetSource(&owner, static_cast<CEGrid::GetFn>(&GridOwner::Get),
+                        static_cast<CEGrid::PutFn>(&GridOwner::Put),
+                        sorts ? static_cast<CEGrid::SortFn>(&GridOwner::Sort) : nullptr);
         grid->SetRows(rows);
     }
     void Open(CDpi dpi = CDpi())
@@ -133,8 +81,8 @@ protected:
 
     std::vector<Sounding> log = {
         {3, 12.5, L"wreck"}, {1, -32768.0, L"Buoy"}, {2, 7.25, L""}, {1, 30, L"alga"}};
-    Owner owner;
-    InputHost host;
+    GridOwner owner;
+    ToldHost host;
     int row = -1;
     std::unique_ptr<CEGrid> grid = std::make_unique<CEGrid>();
 };
@@ -205,7 +153,7 @@ TEST_F(CEGridTest, KeysGoEverywhere)
 {
     BindSource(1000000);
     grid->Init(row);
-    grid->SetCallback(&owner, static_cast<CEVal::CbInt>(&Owner::OnRow));
+    grid->SetCallback(&owner, static_cast<CEVal::CbInt>(&GridOwner::OnRow));
     Open();
     EXPECT_EQ(grid->Page(), 6);
     Key(VK_DOWN);
@@ -256,27 +204,14 @@ TEST_F(CEGridTest, ARowThatWasLoadedWaitsForItsRows)
 
 TEST_F(CEGridTest, EnterTellsOfACellOnly)
 {
-    class Host : public InputHost
-    {
-    public:
-        std::vector<UINT> told;
-
-    protected:
-        BOOL OnCommand(WPARAM w, LPARAM) override
-        {
-            told.push_back(HIWORD(w));
-            return TRUE;
-        }
-    } parent;
     Bind();
     grid->GetCol(0)->readOnly = 1;
-    ASSERT_EQ(grid->Create(grid->WndStyle(), CRect(10, 10, 210, 158), &parent, 7), 1);
-    grid->SetFocus();
+    Open();
     Key(VK_RETURN);
-    EXPECT_THAT(parent.told, ElementsAre(UINT{LBN_DBLCLK}));
+    EXPECT_THAT(host.told, ElementsAre(UINT{LBN_DBLCLK}));
     grid->SetRows(0);
     Key(VK_RETURN);
-    EXPECT_EQ(parent.told.size(), 1u) << "there is no row to speak of";
+    EXPECT_EQ(host.told.size(), 1u) << "there is no row to speak of";
 }
 
 TEST_F(CEGridTest, TabLeavesAtTheEndOfARow)
@@ -411,7 +346,7 @@ TEST_F(CEGridTest, TheSourceSortsItsRows)
     EXPECT_EQ(grid->EndEdit(false), 1);
     EXPECT_EQ(grid->Sort(-1, CEGrid::sortNone), 1);
 
-    grid->SetSource(&owner, static_cast<CEGrid::GetFn>(&Owner::Get));
+    grid->SetSource(&owner, static_cast<CEGrid::GetFn>(&GridOwner::Get));
     grid->Sort(1, CEGrid::sortDown);
     EXPECT_EQ(grid->RowAt(0), 9) << "by the grid itself";
 }

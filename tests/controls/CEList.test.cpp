@@ -1,5 +1,5 @@
 #include "controls/CEList.h"
-#include "controls/InputHost.h"
+#include "controls/ToldHost.h"
 #include "support/EveryType.h"
 #include "support/MessagePump.h"
 
@@ -45,21 +45,6 @@ public:
     std::function<void()> also;
 };
 
-/** Writes down what it is told by its children. */
-class ListHost : public InputHost
-{
-public:
-    using InputHost::InputHost;
-    std::vector<UINT> told;
-
-protected:
-    BOOL OnCommand(WPARAM w, LPARAM l) override
-    {
-        told.push_back(HIWORD(w));
-        return InputHost::OnCommand(w, l);
-    }
-};
-
 /** A list of six rows in a window, bound to an int. */
 class CEListTest : public ControlInputTest
 {
@@ -92,7 +77,7 @@ protected:
     int SelIndex() const { return list.GetSel() ? list.GetSel()->Index() : -1; }
     std::vector<int> Heard() { return std::exchange(owner.heard, {}); }
 
-    ListHost host;
+    ToldHost host;
     Owner owner;
     int port = -1;
     CEList list;
