@@ -15,6 +15,9 @@ std::filesystem::path TempPath()
            (L"vant-platform-" + std::to_wstring(::GetCurrentProcessId()));
 }
 
+// What hears of alarms beside the test.
+void (*infoMsgBefore)(int message, void* data);
+
 // The application object that the library finds through the application framework.
 CBaseApp theApp;
 
@@ -26,10 +29,13 @@ PlatformTest::PlatformTest()
     alarms.clear();
     helpCalls.clear();
     Calls().playSound = [](int id) { sounds.push_back(id); };
+    infoMsgBefore = Windows().infoMsg;
     Windows().infoMsg = [](int message, void* data) {
         const auto& entry = *static_cast<CECEntry*>(data);
         if (message == Vant::alarmInfo)
             alarms.push_back({entry.id, entry.state, Text(entry.text)});
+        if (infoMsgBefore)
+            infoMsgBefore(message, data);
     };
     Calls().openHelp = [](HWND owner, LPCWSTR file, LPCWSTR page) {
         helpCalls.push_back({owner, file, page});
@@ -46,6 +52,14 @@ PlatformTest::~PlatformTest()
     Vant::options = 0x29;
     std::error_code ignored;
     std::filesystem::remove_all(TempPath(), ignored);
+}
+
+std::vector<std::wstring> PlatformTest::PagesOfHelp()
+{
+    std::vector<std::wstring> pages;
+    for (const HelpCall& call : helpCalls)
+        pages.push_back(call.page);
+    return pages;
 }
 
 std::wstring PlatformTest::TempDir()

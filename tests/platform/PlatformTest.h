@@ -60,6 +60,8 @@ protected:
     static inline std::vector<int> sounds;
     static inline std::vector<Logged> alarms; ///< every one that was broadcast, repeated ones too
     static inline std::vector<HelpCall> helpCalls;
+    /** The pages that help was opened at. */
+    static std::vector<std::wstring> PagesOfHelp();
 
     /** A directory for files of this test, ending in a backslash; removed with what is in it. */
     static std::wstring TempDir();

@@ -50,10 +50,7 @@ protected:
     {
         helpCalls.clear();
         Vant::SpawnHelp();
-        std::vector<std::wstring> pages;
-        for (const HelpCall& call : helpCalls)
-            pages.push_back(call.page);
-        return pages;
+        return PagesOfHelp();
     }
 
     const ScreenLock m_screen;
