@@ -2,7 +2,7 @@
 
 #include "colour/ColourTest.h"
 #include "controls/ControlsTest.h"
-#include "controls/WndTest.h"
+#include "controls/RecordingWnd.h"
 #include "settings/CESet.h"
 
 #include <climits>

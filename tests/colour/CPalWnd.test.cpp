@@ -4,7 +4,7 @@
 #include "colour/CPalCb.h"
 #include "colour/ColourTest.h"
 #include "controls/ControlsTest.h"
-#include "controls/WndTest.h"
+#include "controls/RecordingWnd.h"
 
 #include <filesystem>
 #include <fstream>

@@ -6,6 +6,7 @@
 #include "controls/CELabel.h"
 #include "controls/CEText.h"
 #include "controls/CEWnd.h"
+#include "controls/RecordingWnd.h"
 #include "controls/WndTest.h"
 #include "settings/CESet.h"
 

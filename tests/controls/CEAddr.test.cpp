@@ -1,6 +1,7 @@
 #include "controls/CEAddr.h"
 
 #include "controls/InputHost.h"
+#include "controls/Listener.h"
 #include "controls/detail/AddressLayout.h"
 #include "support/MessagePump.h"
 
@@ -13,20 +14,13 @@ namespace
 
 constexpr unsigned long homeAddress = 192ul + 168ul * 256 + 1ul * 256 * 256 * 256;
 
-class Listener : public CObject
-{
-public:
-    void OnChanged() { ++calls; }
-    int calls = 0;
-};
-
-class CEAddrTest : public ControlInputTest
+class CEAddrTest : public WndTest
 {
 protected:
     void Make(CEAddr& address)
     {
         const CDpi dpi = CDpi::Of(host);
-        address.SetCallback(&listener, static_cast<CEVal::CbNone>(&Listener::OnChanged));
+        address.SetCallback(&listener, Listener::Member());
         address.Create(address.WndStyle(), dpi.ToPx(CRect(CPoint(20, 20), CSize(160, 20))), &host, 30);
     }
 
@@ -137,7 +131,7 @@ TEST_F(CEAddrTest, APointMovesOnAndLeavingStores)
     EXPECT_EQ(listener.calls, 2);
     EXPECT_EQ(TextOf(address.edits[2]), L"0");
 
-    Press(address.edits[3], VK_RETURN);
+    PressKey(address.edits[3], VK_RETURN);
     EXPECT_EQ(::GetFocus(), address.m_hWnd) << "the last field gives the focus to its parent, and it stays";
 }
 

@@ -1,6 +1,6 @@
 #include "controls/CECb.h"
 #include "controls/InputHost.h"
-#include "controls/WndTest.h"
+#include "controls/RecordingWnd.h"
 #include "support/MessagePump.h"
 
 #include <functional>
@@ -56,7 +56,7 @@ public:
 };
 
 /** A combo box of 30 numbers, 120 x 20, at (60, 50) of the screen. */
-class CECbTest : public ControlInputTest
+class CECbTest : public WndTest
 {
 protected:
     CECbTest()
@@ -75,12 +75,6 @@ protected:
         ASSERT_EQ(box.Create(box.WndStyle(), place, &host, 3), 1);
         box.SetFocus();
         PumpPending();
-    }
-    static CRect PlaceOf(const CWnd& wnd)
-    {
-        CRect r;
-        wnd.GetWindowRect(&r);
-        return r;
     }
     /** A click with a mouse, which is at that place of the screen afterwards. */
     static void ClickScreen(CPoint at)
@@ -112,10 +106,10 @@ protected:
 TEST_F(CECbTest, KeysChooseAtOnceWhileItIsClosed)
 {
     EXPECT_EQ(cb.GetSel()->text, L"50 Hz") << "from the start";
-    Press(cb, VK_DOWN);
-    Press(cb, VK_END);
+    PressKey(cb, VK_DOWN);
+    PressKey(cb, VK_END);
     EXPECT_THAT(Heard(), ElementsAre(60, 290));
-    Press(cb, VK_PRIOR);
+    PressKey(cb, VK_PRIOR);
     EXPECT_THAT(Heard(), ElementsAre(180)) << "as far as a page of the open list";
     Type(cb, L"22");
     EXPECT_THAT(Heard(), ElementsAre(200, 220));
@@ -123,8 +117,8 @@ TEST_F(CECbTest, KeysChooseAtOnceWhileItIsClosed)
     EXPECT_THAT(Heard(), ElementsAre());
     cb.SendMessage(WM_MOUSEWHEEL, MAKEWPARAM(0, static_cast<WORD>(-60)), 0);
     EXPECT_THAT(Heard(), ElementsAre(230));
-    Press(cb, VK_RETURN);
-    Press(cb, VK_ESCAPE);
+    PressKey(cb, VK_RETURN);
+    PressKey(cb, VK_ESCAPE);
     EXPECT_FALSE(cb.IsOpen());
     rate = 70;
     cb.Update(1);
@@ -133,28 +127,28 @@ TEST_F(CECbTest, KeysChooseAtOnceWhileItIsClosed)
 
 TEST_F(CECbTest, TheOpenListTakesTheKeysAndStoresTheChoice)
 {
-    Press(cb, VK_F4);
+    PressKey(cb, VK_F4);
     ASSERT_TRUE(cb.IsOpen());
     EXPECT_EQ(::GetFocus(), cb.m_hWnd);
     EXPECT_FALSE(::GetActiveWindow() == cb.List().m_hWnd);
-    Press(cb, VK_DOWN);
-    Press(cb, VK_DOWN);
+    PressKey(cb, VK_DOWN);
+    PressKey(cb, VK_DOWN);
     EXPECT_THAT(Heard(), ElementsAre());
     EXPECT_EQ(rate, 50) << "not before it is chosen";
     host.keysSeen.clear();
-    Press(cb, VK_RETURN);
+    PressKey(cb, VK_RETURN);
     EXPECT_FALSE(cb.IsOpen());
     EXPECT_THAT(Heard(), ElementsAre(70));
     EXPECT_THAT(host.keysSeen, ElementsAre()) << "the window around it does not see Enter";
 
     // Escape, Alt alone and other keys with Alt leave everything as it was.
     for (const std::function<void()>& leave : std::vector<std::function<void()>>{
-             [this] { Press(cb, VK_ESCAPE); }, [this] { Alt(0, cb); }, [this] { Alt('X', cb); },
+             [this] { PressKey(cb, VK_ESCAPE); }, [this] { Alt(0, cb); }, [this] { Alt('X', cb); },
              [this] { host.SetFocus(); }, [this] { cb.Close(); }}) {
         cb.SetFocus();
         Alt(VK_DOWN, cb);
         ASSERT_TRUE(cb.IsOpen());
-        Press(cb, VK_END);
+        PressKey(cb, VK_END);
         leave();
         EXPECT_FALSE(cb.IsOpen());
         EXPECT_EQ(rate, 70);
@@ -162,11 +156,11 @@ TEST_F(CECbTest, TheOpenListTakesTheKeysAndStoresTheChoice)
     }
     cb.SetFocus();
     Type(cb, L" ");
-    Press(cb, VK_HOME);
+    PressKey(cb, VK_HOME);
     Alt(VK_UP, cb);
     EXPECT_THAT(Heard(), ElementsAre(0));
-    Press(cb, VK_F4);
-    Press(cb, VK_F4);
+    PressKey(cb, VK_F4);
+    PressKey(cb, VK_F4);
     EXPECT_THAT(Heard(), ElementsAre(0)) << "the same entry is a choice, too";
 }
 
@@ -184,9 +178,9 @@ TEST_F(CECbTest, TabChoosesAndGoesOn)
     wnd.ShowWindow(SW_SHOWNOACTIVATE);
     box->SetFocus();
     PumpPending();
-    Press(*box, VK_F4);
-    Press(*box, VK_DOWN);
-    Press(*box, VK_TAB);
+    PressKey(*box, VK_F4);
+    PressKey(*box, VK_DOWN);
+    PressKey(*box, VK_TAB);
     EXPECT_FALSE(box->IsOpen());
     EXPECT_EQ(first, 60);
     EXPECT_EQ(::GetFocus(), list->m_hWnd);
@@ -195,10 +189,10 @@ TEST_F(CECbTest, TabChoosesAndGoesOn)
 
 TEST_F(CECbTest, TheMouseOpensChoosesAndCloses)
 {
-    const CRect box = PlaceOf(cb);
+    const CRect box = ScreenPlaceOf(cb);
     ClickScreen(box.CenterPoint());
     ASSERT_TRUE(cb.IsOpen());
-    const CRect drop = PlaceOf(cb.List());
+    const CRect drop = ScreenPlaceOf(cb.List());
     EXPECT_EQ(drop, CRect(box.left, box.bottom, box.right, box.bottom + 12 * 20 + 4));
     EXPECT_EQ(cb.List().First(), 0);
     ClickScreen(CPoint(drop.left + 20, drop.top + 2 + 3 * 20 + 5));
@@ -215,7 +209,7 @@ TEST_F(CECbTest, TheMouseOpensChoosesAndCloses)
     ASSERT_TRUE(cb.IsOpen());
     CECb other;
     other.Create(other.WndStyle(), CRect(200, 10, 300, 30), &host, 4);
-    ClickScreen(PlaceOf(other).CenterPoint());
+    ClickScreen(ScreenPlaceOf(other).CenterPoint());
     EXPECT_FALSE(cb.IsOpen());
     EXPECT_TRUE(other.IsOpen());
     other.Close();
@@ -252,7 +246,7 @@ TEST_F(CECbTest, TheListFollowsItsBox)
     ASSERT_EQ(cb.Open(), 1);
     rate = 120;
     cb.Update(0);
-    Press(cb, VK_ESCAPE);
+    PressKey(cb, VK_ESCAPE);
     EXPECT_EQ(cb.GetSel()->text, L"120 Hz");
     ASSERT_EQ(cb.Open(), 1);
     cb.DestroyWindow();
@@ -282,10 +276,10 @@ TEST_F(CECbTest, DerivedBoxesFillAndDrawThemselves)
     EXPECT_EQ(PixelOf(ports, 30, 10), PortCb::colour);
     EXPECT_EQ(ports.box.first, CRect(2, 2, 100, 18));
     EXPECT_EQ(ports.box.second, 1) << "it has the focus";
-    Press(ports, VK_F4);
+    PressKey(ports, VK_F4);
     EXPECT_EQ(ports.fills, 2) << "anew for every opening";
-    Press(ports, VK_HOME);
-    Press(ports, VK_RETURN);
+    PressKey(ports, VK_HOME);
+    PressKey(ports, VK_RETURN);
     EXPECT_EQ(chosen, nullptr);
     EXPECT_EQ(ports.GetSel()->text, L"<None>");
 }
@@ -299,15 +293,15 @@ TEST_F(CECbTest, VerticalBoxesOpenToTheSide)
     Create(ports, CRect(200, 10, 230, 150));
     EXPECT_EQ(PixelOf(ports, 15, 60), PortCb::colour);
     EXPECT_EQ(ports.box.first, CRect(2, 2, 28, 110));
-    Press(ports, VK_F4);
-    const CRect box = PlaceOf(ports);
-    EXPECT_EQ(PlaceOf(ports.List()), CRect(box.right, box.top, box.right + 4 * 26 + 4, box.bottom));
-    Press(ports, VK_RIGHT);
-    Press(ports, VK_RETURN);
+    PressKey(ports, VK_F4);
+    const CRect box = ScreenPlaceOf(ports);
+    EXPECT_EQ(ScreenPlaceOf(ports.List()), CRect(box.right, box.top, box.right + 4 * 26 + 4, box.bottom));
+    PressKey(ports, VK_RIGHT);
+    PressKey(ports, VK_RETURN);
     EXPECT_EQ(chosen, &ports.ports[1]);
     ports.layout = CECb::layoutLeft;
-    Press(ports, VK_F4);
-    EXPECT_EQ(PlaceOf(ports.List()).right, box.left);
+    PressKey(ports, VK_F4);
+    EXPECT_EQ(ScreenPlaceOf(ports.List()).right, box.left);
     ports.Close();
 }
 
@@ -326,8 +320,8 @@ TEST_F(CECbTest, TheListStaysInsideTheScreen)
     low.dropW = 300;
     ASSERT_EQ(low.Create(low.WndStyle(), CRect(20, 10, 140, 30), &corner, 3), 1);
     ASSERT_EQ(low.Open(), 1);
-    const CRect box = PlaceOf(low);
-    const CRect drop = PlaceOf(low.List());
+    const CRect box = ScreenPlaceOf(low);
+    const CRect drop = ScreenPlaceOf(low.List());
     EXPECT_EQ(drop.bottom, box.top) << "upwards";
     EXPECT_EQ(drop.right, work.right);
     EXPECT_EQ(drop.Width(), 300);

@@ -129,7 +129,7 @@ TEST_F(CEChartTest, IsMadeByItsCodeAndRecordsTheBoundVariable)
     EXPECT_GE(min, 90);
     bound->Retreive();
     EXPECT_EQ(depth, 21.5);
-    EXPECT_TRUE(Alarms().empty());
+    EXPECT_TRUE(alarms.empty());
 }
 
 TEST_F(CEChartTest, ShowsRoundRangesInTheUnitsDisplayed)

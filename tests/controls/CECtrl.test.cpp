@@ -113,7 +113,7 @@ TEST_F(CECtrlTest, NothingHappensBeforeTheWindowExists)
     ctrl.Update(0);
     ctrl.Retreive();
     EXPECT_EQ(value, 5);
-    EXPECT_THAT(Alarms(), IsEmpty());
+    EXPECT_THAT(alarms, IsEmpty());
     EXPECT_EQ(ctrl.draws, 0);
 }
 
@@ -208,12 +208,12 @@ TEST_F(CECtrlTest, RetrievesValidTextAndReportsTheRest)
     ctrl.SetWindowText(L"42");
     ctrl.Retreive();
     EXPECT_EQ(value, 42);
-    EXPECT_THAT(Alarms(), IsEmpty());
+    EXPECT_THAT(alarms, IsEmpty());
 
     ctrl.SetWindowText(L"4 %s");
     ctrl.Retreive();
     EXPECT_EQ(value, 42);
-    EXPECT_THAT(Alarms(), ElementsAre(Logged{30, 1, L"Unable to get value err=Not Valid Integer"}));
+    EXPECT_THAT(alarms, ElementsAre(Logged{30, 1, L"Unable to get value err=Not Valid Integer"}));
 }
 
 TEST_F(CECtrlTest, PlacesOfTheScreenFindControlsAndTheirTips)
@@ -250,9 +250,6 @@ TEST_F(CECtrlTest, PlacesOfTheScreenFindControlsAndTheirTips)
 
 TEST_F(CECtrlTest, ContextHelpOpensTheControlsTopic)
 {
-    static std::vector<std::wstring> pages;
-    pages.clear();
-    vant::detail::Calls().openHelp = [](HWND, LPCWSTR, LPCWSTR page) { pages.emplace_back(page); };
     PlainCtrl ctrl;
     ctrl.rc = CRect(100, 100, 200, 150);
     ctrl.tip = L"Tip";
@@ -262,7 +259,7 @@ TEST_F(CECtrlTest, ContextHelpOpensTheControlsTopic)
     Vant::SpawnHelp();
     ctrl.aux3 = L"Gain (dB)";
     Vant::SpawnHelp();
-    EXPECT_THAT(pages, ElementsAre(L"UsingtheSoftware.htm", L"GaindB.htm"));
+    EXPECT_THAT(PagesOfHelp(), ElementsAre(L"UsingtheSoftware.htm", L"GaindB.htm"));
 }
 
 TEST_F(CECtrlTest, HoverIsSeenAndReported)

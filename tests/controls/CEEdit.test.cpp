@@ -1,6 +1,7 @@
 #include "controls/CEEdit.h"
 
 #include "controls/InputHost.h"
+#include "controls/Listener.h"
 #include "support/EveryType.h"
 #include "support/GdiCount.h"
 #include "support/MessagePump.h"
@@ -16,12 +17,11 @@ namespace
 constexpr wchar_t backspace = 8;
 
 /** Counts what it is told. */
-class Listener : public CObject
+/** Destroys a field that calls it. */
+class Destroyer : public CObject
 {
 public:
-    void OnChanged() { ++calls; }
     void OnDestroy() { doomed.reset(); }
-    int calls = 0;
     std::optional<CEEdit> doomed;
 };
 
@@ -39,7 +39,7 @@ protected:
     }
 };
 
-class CEEditTest : public ControlInputTest
+class CEEditTest : public WndTest
 {
 protected:
     void Make(CEEdit& edit, int x = 20, int y = 20)
@@ -180,7 +180,7 @@ TEST_F(CEEditTest, StoresAValidTextWhenItLosesTheFocus)
     Listener listener;
     CEEdit edit;
     edit.Init(value);
-    edit.SetCallback(&listener, static_cast<CEVal::CbNone>(&Listener::OnChanged));
+    edit.SetCallback(&listener, Listener::Member());
     Make(edit);
     EXPECT_EQ(TextOf(edit), L"5");
     edit.SetFocus();
@@ -200,7 +200,7 @@ TEST_F(CEEditTest, ReportsAnInvalidTextOnceAndShowsTheStoredValueAgain)
     CEEdit edit;
     edit.Init(value);
     edit.SetRange(0, 100);
-    edit.SetCallback(&listener, static_cast<CEVal::CbNone>(&Listener::OnChanged));
+    edit.SetCallback(&listener, Listener::Member());
     Make(edit);
     edit.SetFocus();
     edit.SetWindowText(L"");
@@ -230,7 +230,7 @@ TEST_F(CEEditTest, EscapeLeavesWithoutStoringAndKeepsTheText)
     edit.SetFocus();
     edit.SetWindowText(L"");
     Type(edit, L"42");
-    Press(edit, VK_ESCAPE);
+    PressKey(edit, VK_ESCAPE);
     EXPECT_EQ(::GetFocus(), host.m_hWnd);
     EXPECT_EQ(value, 5);
     EXPECT_EQ(TextOf(edit), L"42");
@@ -243,7 +243,7 @@ TEST_F(CEEditTest, EscapeLeavesWithoutStoringAndKeepsTheText)
 
     edit.SetFocus();
     edit.SetWindowText(L"-");
-    Press(edit, VK_ESCAPE);
+    PressKey(edit, VK_ESCAPE);
     EXPECT_THAT(alarms, IsEmpty()) << "an invalid text is not reported either";
     EXPECT_EQ(TextOf(edit), L"-");
 
@@ -268,10 +268,10 @@ TEST_F(CEEditTest, EnterAndTwoKeysMoveBetweenLinkedFields)
     Make(right, 200);
 
     left.SetFocus();
-    Press(left, VK_RETURN);
+    PressKey(left, VK_RETURN);
     EXPECT_EQ(::GetFocus(), right.m_hWnd);
     EXPECT_EQ(Selection(right), AllOf(right));
-    Press(right, VK_RETURN);
+    PressKey(right, VK_RETURN);
     EXPECT_EQ(::GetFocus(), host.m_hWnd) << "the last field gives the focus to the window";
 
     right.SetFocus();
@@ -390,14 +390,14 @@ TEST_F(CEEditTest, KeepsItsKeysFromTheWindowAround)
     Make(edit);
     edit.SetFocus();
     edit.SendMessage(EM_SETSEL, 1, 1);
-    Press(edit, VK_DELETE);
+    PressKey(edit, VK_DELETE);
     EXPECT_EQ(TextOf(edit), L"ac");
-    Press(edit, 'A', {VK_CONTROL});
-    Press(edit, VK_TAB, {VK_CONTROL});
+    PressKey(edit, 'A', {VK_CONTROL});
+    PressKey(edit, VK_TAB, {VK_CONTROL});
     EXPECT_THAT(host.keysSeen, IsEmpty());
 
-    Press(edit, VK_TAB);
-    Press(edit, VK_LEFT);
+    PressKey(edit, VK_TAB);
+    PressKey(edit, VK_LEFT);
     EXPECT_THAT(host.keysSeen, ElementsAre(VK_TAB, VK_LEFT));
     host.keysSeen.clear();
     {
@@ -409,31 +409,31 @@ TEST_F(CEEditTest, KeepsItsKeysFromTheWindowAround)
     }
     EXPECT_THAT(host.keysSeen, ElementsAre(VK_TAB)) << "Tab moves on unless Control is really down";
 
-    Press(edit, VK_ESCAPE);
-    Press(host, VK_ESCAPE);
+    PressKey(edit, VK_ESCAPE);
+    PressKey(host, VK_ESCAPE);
     EXPECT_EQ(host.keysSeen.size(), 2u);
 }
 
 TEST_F(CEEditTest, SurvivesACallbackThatDestroysIt)
 {
     int value = 0;
-    Listener listener;
-    CEEdit& edit = listener.doomed.emplace();
+    Destroyer destroyer;
+    CEEdit& edit = destroyer.doomed.emplace();
     edit.Init(value);
-    edit.SetCallback(&listener, static_cast<CEVal::CbNone>(&Listener::OnDestroy));
+    edit.SetCallback(&destroyer, static_cast<CEVal::CbNone>(&Destroyer::OnDestroy));
     Make(edit);
     edit.SetFocus();
     edit.SetWindowText(L"8");
     host.SetFocus();
     EXPECT_EQ(value, 8);
-    EXPECT_FALSE(listener.doomed.has_value());
+    EXPECT_FALSE(destroyer.doomed.has_value());
 
-    CEEdit& another = listener.doomed.emplace();
+    CEEdit& another = destroyer.doomed.emplace();
     another.Init(value);
     Make(another);
     another.SetFocus();
     another.SetWindowText(L"9");
-    listener.doomed.reset();
+    destroyer.doomed.reset();
     EXPECT_EQ(value, 8) << "an object that goes with its window does not touch its variable";
 }
 

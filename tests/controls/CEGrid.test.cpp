@@ -14,7 +14,7 @@ namespace
 {
 
 /** A grid of 200 x 120 in a window: six rows without the headings. */
-class CEGridTest : public ControlInputTest
+class CEGridTest : public WndTest
 {
 protected:
     ~CEGridTest() override { EUnits::system = 0; }
@@ -62,7 +62,7 @@ protected:
         Click(grid->CellRc(atRow, col).CenterPoint(), flags);
     }
     void ClickHeading(int col) { Click(grid->HeadingRc(col).CenterPoint()); }
-    void Key(UINT key, const std::vector<UINT>& held = {}) { Press(::GetFocus(), key, held); }
+    void Key(UINT key, const std::vector<UINT>& held = {}) { PressKey(::GetFocus(), key, held); }
     /** Types into what has the focus, and presses a key. */
     void Enter(const std::wstring& text, UINT key = VK_RETURN)
     {

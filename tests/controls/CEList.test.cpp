@@ -46,7 +46,7 @@ public:
 };
 
 /** A list of six rows in a window, bound to an int. */
-class CEListTest : public ControlInputTest
+class CEListTest : public WndTest
 {
 protected:
     CEListTest()
@@ -216,21 +216,21 @@ TEST_F(CEListTest, IsFilledWhenItsWindowOpens)
 TEST_F(CEListTest, KeysSelectStoreAndTell)
 {
     Open(30);
-    Press(list, VK_DOWN);
-    Press(list, VK_DOWN);
-    Press(list, VK_UP);
+    PressKey(list, VK_DOWN);
+    PressKey(list, VK_DOWN);
+    PressKey(list, VK_UP);
     EXPECT_THAT(Heard(), ElementsAre(0, 1, 0));
-    Press(list, VK_UP);
-    Press(list, VK_RIGHT);
+    PressKey(list, VK_UP);
+    PressKey(list, VK_RIGHT);
     EXPECT_THAT(Heard(), ElementsAre()) << "no further, and no way";
-    Press(list, VK_NEXT);
-    Press(list, VK_END);
-    Press(list, VK_PRIOR);
-    Press(list, VK_HOME);
+    PressKey(list, VK_NEXT);
+    PressKey(list, VK_END);
+    PressKey(list, VK_PRIOR);
+    PressKey(list, VK_HOME);
     EXPECT_THAT(Heard(), ElementsAre(5, 29, 24, 0));
     EXPECT_EQ(port, 0);
     EXPECT_EQ(host.told, std::vector<UINT>(7, LBN_SELCHANGE));
-    Press(list, VK_RETURN);
+    PressKey(list, VK_RETURN);
     EXPECT_EQ(host.told.back(), UINT{LBN_DBLCLK});
 }
 
@@ -244,10 +244,10 @@ TEST_F(CEListTest, TypingFindsAnEntry)
     EXPECT_EQ(SelIndex(), 1);
     Type(list, L"x");
     EXPECT_EQ(SelIndex(), 1) << "there is none";
-    Press(list, VK_HOME);
+    PressKey(list, VK_HOME);
     Type(list, L"stern ");
     EXPECT_EQ(SelIndex(), 3) << "a blank goes on with what is typed";
-    Press(list, VK_HOME);
+    PressKey(list, VK_HOME);
     Type(list, L" bbb");
     EXPECT_EQ(SelIndex(), 1) << "the same letter goes round";
     EXPECT_EQ(port, 10);
@@ -306,7 +306,7 @@ TEST_F(CEListTest, OnlyWhatIsInViewIsDrawn)
     Open(100000);
     list.UpdateWindow();
     owner.drawn.clear();
-    Press(list, VK_END);
+    PressKey(list, VK_END);
     list.UpdateWindow();
     EXPECT_THAT(owner.drawn, ElementsAre(99994, 99995, 99996, 99997, 99998, 99999));
     EXPECT_EQ(owner.selectedRc, CRect(2, 102, 136, 122));

@@ -1,6 +1,7 @@
 #include "controls/CEMenu.h"
 #include "controls/CVantWnd.h"
 #include "controls/InputHost.h"
+#include "controls/RecordingWnd.h"
 #include "controls/detail/Accel.h"
 #include "controls/detail/MenuRows.h"
 #include "support/MessagePump.h"
@@ -54,7 +55,7 @@ protected:
 };
 
 /** A menu of six rows over a window, with its info messages recorded. */
-class CEMenuTest : public ControlInputTest
+class CEMenuTest : public WndTest
 {
 protected:
     CEMenuTest()
@@ -99,12 +100,6 @@ protected:
         return ent ? ent->Label() : CString(L"-");
     }
     CEMenu& Sub() { return *menu.GetAt(4)->sub; }
-    static CRect PlaceOf(const CWnd& wnd)
-    {
-        CRect r;
-        wnd.GetWindowRect(&r);
-        return r;
-    }
 
     MenuHost host;
     RecordingWnd receiver;
@@ -200,10 +195,10 @@ TEST_F(CEMenuTest, SubMenusOpenAndCloseWithKeys)
     Keys({VK_RETURN});
     Do([this] {
         EXPECT_TRUE(Sub().IsOpen());
-        const CRect place = PlaceOf(Sub());
-        EXPECT_EQ(place.left, PlaceOf(menu).right - 2) << "frame on frame";
+        const CRect place = ScreenPlaceOf(Sub());
+        EXPECT_EQ(place.left, ScreenPlaceOf(menu).right - 2) << "frame on frame";
         // The row of the sub-menu's first entry is as high as the one that opened it.
-        EXPECT_EQ(place.top, PlaceOf(menu).top + 24 + 24 + 8 + 24);
+        EXPECT_EQ(place.top, ScreenPlaceOf(menu).top + 24 + 24 + 8 + 24);
     });
     Keys({VK_ESCAPE, VK_RIGHT, VK_END, VK_RETURN});
     EXPECT_EQ(Chosen(), L"200 m");
@@ -262,8 +257,8 @@ TEST_F(CEMenuTest, TheMouseChoosesAndOpensSubMenus)
     Do([this] { ::PostMessageW(host, WM_LBUTTONDOWN, 0, MAKELPARAM(15, 15)); });
     const CRect button(CPoint(50, 50), CSize(200, 20));
     Do([this, button] {
-        EXPECT_EQ(PlaceOf(menu).TopLeft(), CPoint(button.left, button.bottom));
-        EXPECT_EQ(PlaceOf(menu).Width(), 200);
+        EXPECT_EQ(ScreenPlaceOf(menu).TopLeft(), CPoint(button.left, button.bottom));
+        EXPECT_EQ(ScreenPlaceOf(menu).Width(), 200);
     });
     EXPECT_EQ(menu.TrackBelow(button, &host), nullptr);
     EXPECT_THAT(host.seen, ElementsAre());
@@ -335,7 +330,7 @@ TEST_F(CEMenuTest, StaysInsideTheScreenAndScrolls)
         menu.Add(text, 8000 + i);
     }
     Do([&] {
-        const CRect place = PlaceOf(menu);
+        const CRect place = ScreenPlaceOf(menu);
         EXPECT_EQ(place.Height(), work.Height());
         EXPECT_EQ(place.right, work.right - 10) << "to the left of the mouse";
     });

@@ -149,10 +149,10 @@ TEST_F(ProcessTest, FollowsTheVariableByItself)
     bar.UpdateWindow();
     bar.AutoUpdate(0);
     EXPECT_FALSE(bar.GetUpdateRect(nullptr)) << "nothing has changed";
-    const COLORREF empty = vant::test::PixelOf(bar, 80, 15);
+    const COLORREF empty = PixelOf(bar, 80, 15);
     sent = 60;
     const ULONGLONG end = ::GetTickCount64() + 5000;
-    while (vant::test::PixelOf(bar, 80, 15) == empty && ::GetTickCount64() < end)
+    while (PixelOf(bar, 80, 15) == empty && ::GetTickCount64() < end)
         vant::test::PumpPending();
     EXPECT_LT(::GetTickCount64(), end);
 }

@@ -1,7 +1,8 @@
 #include "controls/CERadio.h"
 
 #include "controls/CEBtn.h"
-#include "controls/ControlsTest.h"
+#include "controls/Listener.h"
+#include "controls/RecordingWnd.h"
 #include "controls/WndTest.h"
 
 namespace
@@ -30,12 +31,6 @@ protected:
         wnd.CreateCtrls();
         wnd.LayoutWnd(1);
     }
-    static void Press(CWnd& ctrl)
-    {
-        const LPARAM at = MAKELPARAM(5, 5);
-        ctrl.SendMessage(WM_LBUTTONDOWN, MK_LBUTTON, at);
-        ctrl.SendMessage(WM_LBUTTONUP, 0, at);
-    }
     bool HasFocus(const CWnd& ctrl) const { return ::GetFocus() == ctrl.m_hWnd; }
 
     RecordingWnd wnd;
@@ -51,17 +46,17 @@ TEST_F(RadioTest, ButtonsOfOneVariableExcludeEachOther)
     CERadio& second = Add(mode, -2);
     Create();
     EXPECT_FALSE(first.IsChosen() || second.IsChosen()) << "no button has the value";
-    Press(second);
+    Click(second);
     EXPECT_EQ(mode, -2);
     EXPECT_TRUE(second.IsChosen());
     EXPECT_TRUE(HasFocus(second));
     EXPECT_EQ(listener.calls, 1);
-    Press(second);
+    Click(second);
     EXPECT_EQ(listener.calls, 1) << "it is chosen already";
 
     first.UpdateWindow();
     second.UpdateWindow();
-    Press(first);
+    Click(first);
     EXPECT_EQ(mode, 1);
     EXPECT_FALSE(second.IsChosen());
     EXPECT_TRUE(second.GetUpdateRect(nullptr)) << "the other one has to show it";
@@ -83,7 +78,7 @@ TEST_F(RadioTest, AValueIsWhatTheVariableHolds)
     CERadio& d = Add(number, 1);
     Create();
     for (CERadio* const button : {&a, &b, &c})
-        Press(*button);
+        Click(*button);
     EXPECT_EQ(narrow, static_cast<char>(200));
     EXPECT_EQ(wide, 0xFFFFFFFFu);
     EXPECT_EQ(widest, -1);
@@ -105,32 +100,32 @@ TEST_F(RadioTest, ArrowsMoveInTheGroupAndTabLeavesIt)
     Create();
 
     before.SetFocus();
-    Type(VK_TAB);
+    PressKey(VK_TAB);
     EXPECT_TRUE(HasFocus(*views[2])) << "the chosen one";
-    Type(VK_TAB);
+    PressKey(VK_TAB);
     EXPECT_TRUE(HasFocus(metric)) << "a group of its own, of which none is chosen";
     EXPECT_EQ(units, 0) << "Tab chooses nothing";
-    Type(VK_TAB);
+    PressKey(VK_TAB);
     EXPECT_TRUE(HasFocus(after));
 
     views[2]->SetFocus();
-    Type(VK_RIGHT);
+    PressKey(VK_RIGHT);
     EXPECT_EQ(view, 0) << "past the disabled one, and around";
     EXPECT_TRUE(HasFocus(*views[0]));
-    Type(VK_LEFT);
+    PressKey(VK_LEFT);
     EXPECT_EQ(view, 2);
-    Type(VK_UP);
+    PressKey(VK_UP);
     EXPECT_EQ(view, 1);
     EXPECT_EQ(listener.calls, 3);
-    Type(VK_TAB);
+    PressKey(VK_TAB);
     EXPECT_TRUE(HasFocus(metric));
 
     view = 2;
     views[2]->ShowWindow(SW_HIDE);
     before.SetFocus();
-    Type(VK_TAB);
+    PressKey(VK_TAB);
     EXPECT_TRUE(HasFocus(*views[0])) << "the chosen one is not to be seen";
-    Type(VK_SPACE);
+    PressKey(VK_SPACE);
     EXPECT_EQ(view, 0);
 }
 
@@ -145,7 +140,7 @@ TEST_F(RadioTest, OtherWindowsAreOtherGroups)
     CERadio& here = Add(mode, 4);
     Create();
     here.SetFocus();
-    Type(VK_DOWN);
+    PressKey(VK_DOWN);
     EXPECT_EQ(mode, 0) << "alone";
     EXPECT_TRUE(there->IsTabStop());
     EXPECT_TRUE(here.IsTabStop());

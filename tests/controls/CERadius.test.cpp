@@ -1,6 +1,7 @@
 #include "controls/CERadius.h"
 
 #include "controls/InputHost.h"
+#include "controls/Listener.h"
 #include "controls/detail/DialGeometry.h"
 #include "core/ML.h"
 #include "resources/Ids.h"
@@ -19,13 +20,12 @@ namespace
 
 constexpr double tolerance = 1e-9;
 
-class Listener : public CObject
+/** Hears of bearings, and destroys a dial that calls it. */
+class DialListener : public Listener
 {
 public:
-    void OnChanged() { ++calls; }
     void OnBearing(double v) { bearing = v; }
     void OnDestroy() { doomed.reset(); }
-    int calls = 0;
     double bearing = -1;
     std::optional<CERadius> doomed;
 };
@@ -36,13 +36,13 @@ HCURSOR LibraryCursor(int id)
                                              IMAGE_CURSOR, 0, 0, LR_DEFAULTSIZE | LR_SHARED));
 }
 
-class CERadiusTest : public ControlInputTest
+class CERadiusTest : public WndTest
 {
 protected:
     void Make(CERadius& dial, CSize size = {100, 100})
     {
         const CDpi dpi = CDpi::Of(host);
-        dial.SetCallback(&listener, static_cast<CEVal::CbNone>(&Listener::OnChanged));
+        dial.SetCallback(&listener, Listener::Member());
         dial.Create(dial.WndStyle(), dpi.ToPx(CRect(CPoint(20, 20), size)), &host, 8);
         dial.UpdateWindow();
     }
@@ -62,7 +62,7 @@ protected:
     }
 
     InputHost host;
-    Listener listener;
+    DialListener listener;
 };
 
 } // namespace
@@ -146,7 +146,7 @@ TEST_F(CERadiusTest, DraggingTurnsBearingAndSlope)
     double bound = 0;
     CERadius dial;
     dial.Init(bound);
-    dial.SetCallback(&listener, static_cast<CEVal::CbDouble>(&Listener::OnBearing));
+    dial.SetCallback(&listener, static_cast<CEVal::CbDouble>(&DialListener::OnBearing));
     Make(dial);
     Mouse(dial, WM_LBUTTONDOWN, 50, 1);
     EXPECT_EQ(dial.dragging, 1);
@@ -215,22 +215,22 @@ TEST_F(CERadiusTest, ArrowKeysTurnIt)
     dial.SetFocus();
     EXPECT_NE(PixelOf(dial, 50, 99), unfocused) << "the focus is to be seen";
 
-    Press(dial, VK_RIGHT);
+    PressKey(dial, VK_RIGHT);
     EXPECT_NEAR(dial.brg, 5 * ML::d2r, tolerance);
-    Press(dial, VK_LEFT);
+    PressKey(dial, VK_LEFT);
     EXPECT_EQ(dial.brg, 0) << "not a full turn";
-    Press(dial, VK_LEFT, {VK_SHIFT});
+    PressKey(dial, VK_LEFT, {VK_SHIFT});
     EXPECT_NEAR(dial.brg, 359 * ML::d2r, tolerance);
-    Press(dial, VK_DOWN);
+    PressKey(dial, VK_DOWN);
     EXPECT_EQ(dial.slope, 0) << "level is the end";
-    Press(dial, VK_UP, {VK_SHIFT});
+    PressKey(dial, VK_UP, {VK_SHIFT});
     EXPECT_NEAR(dial.slope, 1 * ML::d2r, tolerance);
     EXPECT_EQ(listener.calls, 5);
     for (int i = 0; i < 19; ++i)
-        Press(dial, VK_UP);
+        PressKey(dial, VK_UP);
     EXPECT_EQ(dial.slope, ML::pi_2) << "and so is straight up";
     EXPECT_NEAR(dial.brg, 359 * ML::d2r, tolerance) << "the bearing is kept";
-    Press(dial, 'A');
+    PressKey(dial, 'A');
     EXPECT_EQ(listener.calls, 24);
 }
 
@@ -280,7 +280,7 @@ TEST_F(CERadiusTest, SurvivesACallbackThatDestroysIt)
 {
     CERadius& dial = listener.doomed.emplace();
     Make(dial);
-    dial.SetCallback(&listener, static_cast<CEVal::CbNone>(&Listener::OnDestroy));
+    dial.SetCallback(&listener, static_cast<CEVal::CbNone>(&DialListener::OnDestroy));
     Mouse(dial, WM_LBUTTONDOWN, 50, 0);
     Mouse(dial, WM_MOUSEMOVE, 50, 50);
     EXPECT_FALSE(listener.doomed.has_value());

@@ -307,7 +307,7 @@ TEST_F(SliderTest, KeysMoveByStepsAndEndWithTheirRelease)
 
     slider.step = 0;
     {
-        const vant::test::HeldKeys shift({VK_SHIFT});
+        const HeldKeys shift({VK_SHIFT});
         Key(VK_RIGHT);
     }
     EXPECT_DOUBLE_EQ(value, 90.1);

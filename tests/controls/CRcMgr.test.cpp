@@ -3,8 +3,9 @@
 #include "controls/CEBtn.h"
 #include "controls/CEEdit.h"
 #include "controls/CRcKeys.h"
-#include "controls/ControlsTest.h"
-#include "controls/InputHost.h"
+#include "controls/Listener.h"
+#include "controls/RecordingWnd.h"
+#include "controls/WndTest.h"
 #include "settings/CESet.h"
 #include "support/MessagePump.h"
 
@@ -46,7 +47,7 @@ public:
     Listener listener;
 };
 
-class CRcMgrTest : public vant::test::ControlInputTest
+class CRcMgrTest : public WndTest
 {
 protected:
     CRcMgrTest()
@@ -235,7 +236,7 @@ TEST_F(CRcMgrTest, AdjustsByCoarseAndFineStepsAndPresses)
     mgr.Select(wnd.fields[0]);
     Order(CRcMgr::infoInc, 3);
     EXPECT_EQ(wnd.depth, 11);
-    EXPECT_EQ(vant::test::TextOf(*wnd.fields[0]), L"11");
+    EXPECT_EQ(TextOf(*wnd.fields[0]), L"11");
     Order(CRcMgr::infoDecFine);
     EXPECT_DOUBLE_EQ(wnd.depth, 10.8);
     Order(CRcMgr::infoFine);
@@ -265,7 +266,7 @@ TEST_F(CRcMgrTest, TheGlowPulsesFadesAndLeavesNoTrace)
         for (const CECtrl* const ctrl : {&first, &field})
             for (int y = 0; y < 20; ++y)
                 for (int x = 0; x < 80; x += 3)
-                    pixels.push_back(vant::test::FramePixelOf(*ctrl, x, y));
+                    pixels.push_back(FramePixelOf(*ctrl, x, y));
         return pixels;
     };
     vant::test::PumpPending();
@@ -368,7 +369,7 @@ TEST_F(CRcMgrTest, KeysGiveTheSameOrders)
 {
     CRcKeys keys;
     const auto take = [&keys](UINT key, const std::vector<UINT>& held, LPARAM flags = 1) {
-        const vant::test::HeldKeys down(held);
+        const HeldKeys down(held);
         const MSG msg{nullptr, WM_KEYDOWN, key, flags, 0, {}};
         return keys.Take(&msg);
     };

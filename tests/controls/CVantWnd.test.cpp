@@ -2,9 +2,10 @@
 
 #include "controls/CEText.h"
 #include "controls/CEWnd.h"
+#include "controls/RecordingWnd.h"
 #include "controls/WndTest.h"
-#include "platform/PlatformTest.h"
 #include "support/GdiCount.h"
+#include "support/MessagePump.h"
 
 #include <memory>
 
@@ -13,9 +14,7 @@ namespace
 
 using testing::ElementsAre;
 
-class CVantWndTest : public WndTest
-{
-};
+using CVantWndTest = WndTest;
 
 /** Inserts a control when it is set up, and writes down what happens. */
 class SetUpWnd : public RecordingWnd
@@ -48,15 +47,6 @@ protected:
         return CEWnd::WindowProc(message, wParam, lParam);
     }
 };
-
-COLORREF PixelAt(CWnd& wnd, int x, int y)
-{
-    wnd.UpdateWindow();
-    CDC* const dc = wnd.GetDC();
-    const COLORREF pixel = dc->GetPixel(x, y);
-    wnd.ReleaseDC(dc);
-    return pixel;
-}
 
 } // namespace
 
@@ -163,7 +153,6 @@ TEST_F(CVantWndTest, DeletingItWithItsWindowDoesNotStoreToVariables)
 
 TEST_F(CVantWndTest, FillsItsBackgroundTealWhileHighlighted)
 {
-    const ScreenLock screen;
     SetUpWnd wnd;
     auto* const red = new CEWnd;
     red->key = L"red";
@@ -175,14 +164,14 @@ TEST_F(CVantWndTest, FillsItsBackgroundTealWhileHighlighted)
                      SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE | SWP_SHOWWINDOW);
     vant::test::PumpPending();
     EXPECT_EQ(wnd.erasePending, 0);
-    EXPECT_EQ(PixelAt(wnd, 150, 80), Vant::back);
-    EXPECT_EQ(PixelAt(wnd, 20, 20), RGB(255, 0, 0)) << "drawn by the window for the control";
+    EXPECT_EQ(PixelOf(wnd, 150, 80), Vant::back);
+    EXPECT_EQ(PixelOf(wnd, 20, 20), RGB(255, 0, 0)) << "drawn by the window for the control";
     CVantWnd::AddHlt(&wnd);
-    EXPECT_EQ(PixelAt(wnd, 150, 80), Vant::teal);
-    EXPECT_EQ(PixelAt(wnd, 20, 20), RGB(255, 0, 0));
-    EXPECT_EQ(PixelAt(*text, 5, 5), Vant::teal) << "controls stand on it";
+    EXPECT_EQ(PixelOf(wnd, 150, 80), Vant::teal);
+    EXPECT_EQ(PixelOf(wnd, 20, 20), RGB(255, 0, 0));
+    EXPECT_EQ(PixelOf(*text, 5, 5), Vant::teal) << "controls stand on it";
     CVantWnd::DelHlt(&wnd);
-    EXPECT_EQ(PixelAt(wnd, 150, 80), Vant::back);
+    EXPECT_EQ(PixelOf(wnd, 150, 80), Vant::back);
 }
 
 TEST_F(CVantWndTest, ErasesOnceOnly)
@@ -259,7 +248,6 @@ TEST_F(CVantWndTest, WritesListsOfTextAndOfPairs)
 
 TEST_F(CVantWndTest, ManyWindowsLeaveNoGdiObjects)
 {
-    const ScreenLock screen;
     const auto once = [] {
         RecordingWnd wnd;
         for (int i = 0; i < 20; ++i)
@@ -279,11 +267,6 @@ TEST_F(CVantWndTest, ManyWindowsLeaveNoGdiObjects)
 
 TEST_F(CVantWndTest, HelpComesFromTheControlElseItsWindowElseTheDefault)
 {
-    const ScreenLock screen;
-    static std::vector<std::wstring> pages;
-    pages.clear();
-    const auto calls = vant::detail::Calls();
-    vant::detail::Calls().openHelp = [](HWND, LPCWSTR, LPCWSTR page) { pages.push_back(page); };
     RecordingWnd wnd;
     CECtrl* const ctrl = wnd.InsCtrl(150, CECtrl::typeBtn, L"x");
     wnd.CreatePopup(200, 100);
@@ -299,6 +282,6 @@ TEST_F(CVantWndTest, HelpComesFromTheControlElseItsWindowElseTheDefault)
     Vant::SpawnHelp();
     wnd.topic.Empty();
     Vant::SpawnHelp();
-    vant::detail::Calls() = calls;
-    EXPECT_THAT(pages, ElementsAre(L"Gain.htm", L"SonarView.htm", L"SonarView.htm", L"UsingtheSoftware.htm"));
+    EXPECT_THAT(PagesOfHelp(),
+                ElementsAre(L"Gain.htm", L"SonarView.htm", L"SonarView.htm", L"UsingtheSoftware.htm"));
 }

@@ -1,8 +1,9 @@
 #include "controls/CEBtn.h"
 #include "controls/CECheck.h"
 #include "controls/CEText.h"
+#include "controls/RecordingWnd.h"
 #include "controls/WndTest.h"
-#include "platform/PlatformTest.h"
+#include "support/MessagePump.h"
 
 #include <map>
 
@@ -31,16 +32,6 @@ protected:
         static const HWND parent = ::CreateWindowExW(0, L"STATIC", L"", WS_POPUP | WS_VISIBLE, 0, 0, 50, 50,
                                                      nullptr, nullptr, nullptr, nullptr);
         return parent;
-    }
-    static void Key(UINT key) { Type(key); }
-    static void ShiftTab()
-    {
-        BYTE keys[256] = {};
-        keys[VK_SHIFT] = 0x80;
-        ::SetKeyboardState(keys);
-        Type(VK_TAB);
-        keys[VK_SHIFT] = 0;
-        ::SetKeyboardState(keys);
     }
 };
 
@@ -166,9 +157,9 @@ TEST_F(CVantWndInput, TabGoesThroughAllControlsAndWindows)
         wnd.SetFocus();
         for (int i = 0; i < 7; ++i) {
             if (back)
-                ShiftTab();
+                PressKey(::GetFocus(), VK_TAB, {VK_SHIFT});
             else
-                Key(VK_TAB);
+                PressKey(VK_TAB);
             const HWND focus = ::GetFocus();
             order += (names.contains(focus) ? names[focus] : std::wstring(L"box")) + L", ";
         }
@@ -361,7 +352,7 @@ TEST_F(CVantWndInput, TabBringsTheControlIntoView)
         const CECtrl* const from = wnd.lines[static_cast<std::size_t>(line - 1)];
         wnd.SetFocus();
         ::SetFocus(from->m_hWnd);
-        Key(VK_TAB);
+        PressKey(VK_TAB);
         EXPECT_EQ(::GetFocus(), wnd.lines[static_cast<std::size_t>(line)]->m_hWnd);
         return PlaceOf(*wnd.lines[static_cast<std::size_t>(line)]);
     };

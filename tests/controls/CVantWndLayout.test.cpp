@@ -4,7 +4,9 @@
 #include "controls/CELabel.h"
 #include "controls/CEText.h"
 #include "controls/CEWnd.h"
+#include "controls/RecordingWnd.h"
 #include "controls/WndTest.h"
+#include "support/MessagePump.h"
 
 namespace
 {
@@ -134,7 +136,7 @@ TEST_F(CVantWndLayout, SectionsCloseAndOpenByMouseAndKey)
     EXPECT_EQ(wnd.first->GetCtrlHeight(), 24);
 
     box.SetFocus();
-    Type(VK_SPACE);
+    PressKey(VK_SPACE);
     EXPECT_EQ(wnd.first->expanded, 1);
     EXPECT_TRUE(IsShown(*wnd.a));
     EXPECT_EQ(wnd.a->state, 3);

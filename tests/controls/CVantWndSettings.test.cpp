@@ -1,4 +1,5 @@
 #include "controls/CEText.h"
+#include "controls/RecordingWnd.h"
 #include "controls/WndTest.h"
 #include "settings/CESet.h"
 #include "support/EveryType.h"

@@ -40,7 +40,7 @@ public:
     CERadius* dial = nullptr;
 };
 
-class EntryInWindow : public ControlInputTest
+class EntryInWindow : public WndTest
 {
 protected:
     EntryInWindow()
@@ -68,17 +68,17 @@ TEST_F(EntryInWindow, TabStopsAtEveryFieldAndNoKeyIsLost)
     std::vector<HWND> stops;
     HWND at = wnd;
     for (int i = 0; i < 7; ++i) {
-        Press(at, VK_TAB);
+        PressKey(at, VK_TAB);
         at = ::GetFocus();
         stops.push_back(at);
     }
     const auto& fields = wnd.address->edits;
     EXPECT_THAT(stops, ElementsAre(wnd.depthEdit->m_hWnd, wnd.nameEdit->m_hWnd, fields[0].m_hWnd,
                                    fields[1].m_hWnd, fields[2].m_hWnd, fields[3].m_hWnd, wnd.dial->m_hWnd));
-    Press(at, VK_TAB, {VK_SHIFT});
+    PressKey(at, VK_TAB, {VK_SHIFT});
     EXPECT_EQ(::GetFocus(), fields[3].m_hWnd);
     Type(fields[3], L"9");
-    Press(fields[3], VK_TAB, {VK_SHIFT});
+    PressKey(fields[3], VK_TAB, {VK_SHIFT});
     EXPECT_EQ(wnd.server, 1 + 9ul * 256 * 256 * 256)
         << "all of the field was selected, and leaving stored it";
 

@@ -2,12 +2,9 @@
 
 #include "support/MessagePump.h"
 
-BEGIN_MESSAGE_MAP(vant::test::InputHost, CWnd)
+BEGIN_MESSAGE_MAP(InputHost, CWnd)
     ON_WM_ERASEBKGND()
 END_MESSAGE_MAP()
-
-namespace vant::test
-{
 
 InputHost::InputHost(int width, int height, CDpi scale)
 {
@@ -18,7 +15,7 @@ InputHost::InputHost(int width, int height, CDpi scale)
     ShowWindow(SW_SHOWNOACTIVATE);
     UpdateWindow();
     ::SetFocus(m_hWnd);
-    PumpPending();
+    vant::test::PumpPending();
 }
 
 InputHost::~InputHost()
@@ -40,79 +37,3 @@ BOOL InputHost::OnEraseBkgnd(CDC* dc)
     dc->FillRect(client, &Vant::backB);
     return TRUE;
 }
-
-void Type(HWND window, const std::wstring& characters)
-{
-    for (const wchar_t character : characters)
-        ::PostMessageW(window, WM_CHAR, character, 1);
-    PumpPending();
-}
-
-void Press(HWND window, UINT virtualKey, const std::vector<UINT>& held)
-{
-    const HeldKeys keys(held);
-    const LPARAM scanCode = static_cast<LPARAM>(::MapVirtualKeyW(virtualKey, MAPVK_VK_TO_VSC)) << 16;
-    constexpr LPARAM released = static_cast<LPARAM>(0xC0000000u);
-    ::PostMessageW(window, WM_KEYDOWN, virtualKey, scanCode | 1);
-    PumpPending();
-    ::PostMessageW(window, WM_KEYUP, virtualKey, scanCode | 1 | released);
-    PumpPending();
-}
-
-HeldKeys::HeldKeys(const std::vector<UINT>& keys, BYTE state)
-{
-    ::GetKeyboardState(m_before);
-    BYTE now[256] = {};
-    for (const UINT key : keys)
-        now[key] = state;
-    ::SetKeyboardState(now);
-}
-
-HeldKeys::~HeldKeys()
-{
-    ::SetKeyboardState(m_before);
-}
-
-COLORREF PixelOf(HWND window, int x, int y)
-{
-    ::UpdateWindow(window);
-    const HDC dc = ::GetDC(window);
-    const COLORREF colour = ::GetPixel(dc, x, y);
-    ::ReleaseDC(window, dc);
-    return colour;
-}
-
-COLORREF FramePixelOf(HWND window, int x, int y)
-{
-    ::UpdateWindow(window);
-    const HDC dc = ::GetWindowDC(window);
-    const COLORREF colour = ::GetPixel(dc, x, y);
-    ::ReleaseDC(window, dc);
-    return colour;
-}
-
-std::wstring TextOf(const CWnd& window)
-{
-    CString text;
-    window.GetWindowText(text);
-    return Text(text);
-}
-
-ControlInputTest::ControlInputTest()
-{
-    Vant::Init();
-    alarms.clear();
-    vant::detail::Windows().infoMsg = [](int message, void* data) {
-        const auto& entry = *static_cast<CECEntry*>(data);
-        if (message == Vant::alarmInfo)
-            alarms.push_back({entry.id, entry.state, Text(entry.text)});
-    };
-}
-
-ControlInputTest::~ControlInputTest()
-{
-    vant::detail::Windows() = m_windows;
-    Vant::Exit();
-}
-
-} // namespace vant::test

@@ -44,14 +44,6 @@ public:
     int mapMode = 0;
 };
 
-COLORREF OnScreen(CWnd& wnd, int x, int y)
-{
-    const HDC dc = ::GetDC(wnd);
-    const COLORREF colour = ::GetPixel(dc, x, y);
-    ::ReleaseDC(wnd, dc);
-    return colour;
-}
-
 } // namespace
 
 TEST_F(PaintingTest, GoesThroughABitmapOrStraight)
@@ -68,8 +60,8 @@ TEST_F(PaintingTest, GoesThroughABitmapOrStraight)
             EXPECT_EQ(ctrl.mapMode, dpi == 96 ? MM_TEXT : MM_ANISOTROPIC);
             CRect client;
             ctrl.GetClientRect(&client);
-            EXPECT_EQ(OnScreen(ctrl, 0, 0), ctrl.colour) << dpi << " " << dblBuf;
-            EXPECT_EQ(OnScreen(ctrl, client.right - 1, client.bottom - 1), ctrl.colour);
+            EXPECT_EQ(PixelOf(ctrl, 0, 0), ctrl.colour) << dpi << " " << dblBuf;
+            EXPECT_EQ(PixelOf(ctrl, client.right - 1, client.bottom - 1), ctrl.colour);
         }
     }
 }
@@ -81,7 +73,7 @@ TEST_F(PaintingTest, WhatDrawLeavesOutIsBackground)
     ctrl.rc = CRect(20, 20, 60, 50);
     Open(ctrl);
     ctrl.RedrawWindow();
-    EXPECT_EQ(OnScreen(ctrl, 10, 10), Vant::back);
+    EXPECT_EQ(PixelOf(ctrl, 10, 10), Vant::back);
     EXPECT_EQ(ctrl.ctrlType, 8192);
 
     Painter painter;
@@ -89,7 +81,7 @@ TEST_F(PaintingTest, WhatDrawLeavesOutIsBackground)
     ctrl.RedrawWindow();
     EXPECT_EQ(painter.asked, &ctrl);
     EXPECT_EQ(painter.client, CRect(0, 0, 40, 30));
-    EXPECT_EQ(OnScreen(ctrl, 10, 10), RGB(200, 0, 0));
+    EXPECT_EQ(PixelOf(ctrl, 10, 10), RGB(200, 0, 0));
 
     painter.asked = nullptr;
     ctrl.SetCallback(&painter, static_cast<CEWnd::DrawFn>(nullptr));

@@ -1,11 +1,17 @@
 #include "controls/WndTest.h"
 
-#include "platform/CBaseApp.h"
+#include "controls/CVantWnd.h"
+#include "controls/detail/HoverHook.h"
 
-namespace
+WndTest::WndTest()
 {
+    Vant::Init();
+    vant::detail::Hover() = {};
+}
 
-// The application object whose thread passes messages through PreTranslateMessage.
-CBaseApp theApp;
-
-} // namespace
+WndTest::~WndTest()
+{
+    CVantWnd::s_inhibitFocus = 0;
+    vant::detail::Hover() = {};
+    Vant::Exit();
+}
