@@ -112,9 +112,11 @@ void ClickCtrl::OnLButtonDown(UINT flags, CPoint point)
 {
     if (!IsClickable())
         return CECtrl::OnLButtonDown(flags, point);
+    Hold(Held::Mouse);
+    // The last thing: a field that loses the focus calls its callbacks, which may disable or destroy this
+    // control, or show a message box that takes the mouse. The click is cancelled then.
     if (GetStyle() & WS_TABSTOP)
         SetFocus();
-    Hold(Held::Mouse);
 }
 
 void ClickCtrl::OnMouseMove(UINT flags, CPoint point)

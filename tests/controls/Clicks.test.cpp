@@ -1,11 +1,13 @@
 #include "controls/CEBtn.h"
 #include "controls/CECheck.h"
+#include "controls/CEEdit.h"
 #include "controls/CELabel.h"
 #include "controls/ControlsTest.h"
 
 #include <afxmt.h>
 #include <atomic>
 #include <cstddef>
+#include <functional>
 #include <memory>
 #include <thread>
 
@@ -129,6 +131,43 @@ TEST_F(ClicksTest, LosingTheMouseOrTheRightToItCancels)
     KeyDown(b.btn, VK_ESCAPE);
     EXPECT_FALSE(b.IsPressed());
     Release(b.btn, 5, 5);
+    EXPECT_EQ(b.Clicks(), 0);
+}
+
+TEST_F(ClicksTest, WhatTheFocusCallsOnItsWayMayCancelTheClick)
+{
+    Button b;
+    Open(b.btn);
+    struct Storing : CObject {
+        void OnStored() { act(); }
+        std::function<void()> act;
+    } storing;
+    int gain = 5;
+    CEEdit edit;
+    edit.Init(gain);
+    edit.rc = CRect(10, 40, 90, 60);
+    edit.SetCallback(&storing, static_cast<CEVal::CbNone>(&Storing::OnStored));
+    Open(edit);
+    const auto pressedWhen = [&](std::function<void()> act) {
+        storing.act = std::move(act);
+        edit.SetFocus();
+        Press(b.btn, 5, 5);
+        return b.IsPressed() || ::GetCapture() != nullptr;
+    };
+    EXPECT_FALSE(pressedWhen([&] {
+        b.btn.state = CECtrl::stShown;
+        b.btn.Update(0);
+    })) << "disabled by a stored value";
+    Release(b.btn, 5, 5);
+    EXPECT_EQ(b.Clicks(), 0);
+    b.btn.state = 3;
+    b.btn.Update(0);
+
+    EXPECT_FALSE(pressedWhen([this] {
+        parent.SetCapture(); // as a message box does
+        ::ReleaseCapture();
+    }));
+    EXPECT_FALSE(pressedWhen([&] { b.btn.DestroyWindow(); }));
     EXPECT_EQ(b.Clicks(), 0);
 }
 
