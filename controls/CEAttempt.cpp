@@ -7,6 +7,7 @@
 #include "values/detail/ValueLock.h"
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 namespace skin = vant::skins::process;
@@ -32,6 +33,11 @@ constexpr int timeSteps = 64;                 // of the line that shows how much
 constexpr int greenLamp = 0;
 constexpr int amberLamp = 1;
 constexpr int redLamp = 2;
+
+int WheelStep(const vant::detail::PhaseClock& clock) noexcept
+{
+    return static_cast<int>(std::fmod(clock.Passed(), 1.0) * wheelSteps);
+}
 
 } // namespace
 
@@ -226,17 +232,15 @@ int CEAttempt::ShownState() const
     const int now = Now();
     if (now != pending)
         return now;
-    const int step = static_cast<int>(m_clock.Passed() * wheelSteps) % wheelSteps;
     const double share = timeOut > 0 ? std::min(m_clock.Passed() / timeOut, 1.0) : 0.0;
-    return now + (cancelled + 1) * (step + wheelSteps * static_cast<int>(share * timeSteps));
+    return now + (cancelled + 1) * (WheelStep(m_clock) + wheelSteps * static_cast<int>(share * timeSteps));
 }
 
 void CEAttempt::DrawMark(CDC& dc, const CRect& box) const
 {
     const int now = Now();
     if (now == pending && IsEnabled()) {
-        const int step = static_cast<int>(m_clock.Passed() * wheelSteps) % wheelSteps;
-        vant::detail::DrawPiece(dc, box, Vant::process, skin::wheel, step, BackCol());
+        vant::detail::DrawPiece(dc, box, Vant::process, skin::wheel, WheelStep(m_clock), BackCol());
         return;
     }
     const bool lit = IsEnabled() && (now == succeeded || now == failed || now == timedOut);

@@ -97,8 +97,14 @@ TEST_F(AttemptTest, TimesOutByTheClockOfItsUpdates)
     btn.timeOut = 0;
     btn.Begin();
     At(0);
-    At(1e9);
+    At(1e9); // as when the application's time begins to count from 1980
     EXPECT_EQ(btn.Now(), CEAttempt::pending);
+    Canvas before(120, 24);
+    Canvas after(120, 24);
+    DrawTo(btn, before);
+    At(1e9 + 0.5);
+    DrawTo(btn, after);
+    EXPECT_FALSE(after.SameAs(before)) << "the wheel goes on turning";
 }
 
 TEST_F(AttemptTest, TakesReportsOfOtherThreadsAtItsUpdates)
