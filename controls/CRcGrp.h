@@ -3,6 +3,8 @@
 #include "controls/CRcSet.h"
 #include "core/CLstMgd.h"
 
+#include <vector>
+
 class CRcMgr;
 
 /** A named group of sets of controls that an external controller steps through; part of a CRcMgr. Sets

@@ -1,9 +1,11 @@
 #include "controls/CRcMgr.h"
 
 #include "controls/detail/RcGlow.h"
+#include "controls/detail/WatchedCtrl.h"
 
 #include <limits>
 
+using vant::detail::CtrlOf;
 using vant::detail::RcNearest;
 using vant::detail::RcStep;
 
@@ -13,12 +15,6 @@ constexpr int CRcMgr::nfyCurrent;
 
 namespace
 {
-
-CECtrl* CtrlOf(const std::weak_ptr<CECtrl*>& ref)
-{
-    const std::shared_ptr<CECtrl*> held = ref.lock();
-    return held ? *held : nullptr;
-}
 
 int Negated(int number)
 {

@@ -5,6 +5,7 @@
 #include "core/CLstMgd.h"
 
 #include <memory>
+#include <vector>
 
 namespace vant::detail
 {

@@ -2,19 +2,11 @@
 
 #include "controls/CEAddr.h"
 #include "controls/CRcMgr.h"
+#include "controls/detail/WatchedCtrl.h"
 
 #include <algorithm>
 
-namespace
-{
-
-CECtrl* CtrlOf(const std::weak_ptr<CECtrl*>& ref)
-{
-    const std::shared_ptr<CECtrl*> held = ref.lock();
-    return held ? *held : nullptr;
-}
-
-} // namespace
+using vant::detail::CtrlOf;
 
 CRcSet::CRcSet(const CString& name, CRcGrp& grp)
     : m_name(name)

@@ -1,9 +1,9 @@
 #include "controls/detail/RcGlow.h"
 
 #include "controls/CRcMgr.h"
+#include "controls/detail/WatchedCtrl.h"
 #include "core/ML.h"
 
-#include <algorithm>
 #include <cmath>
 
 namespace vant::detail
@@ -14,12 +14,6 @@ namespace
 constexpr int brightest = 255;
 constexpr int dimmest = 110;
 constexpr ULONGLONG silence = 1000; // milliseconds after which nobody is expected to call again
-
-CECtrl* CtrlOf(const std::weak_ptr<CECtrl*>& ref)
-{
-    const std::shared_ptr<CECtrl*> held = ref.lock();
-    return held ? *held : nullptr;
-}
 
 } // namespace
 

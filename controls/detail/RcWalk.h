@@ -8,8 +8,8 @@ namespace vant::detail
 /** Where somebody is in a row: at a member, or in the gap before it. In plain C++. */
 struct RcPlace {
     int at = 0;
-    bool on =
-        false; ///< at the member `at`; otherwise before it, after the last one for the number of members
+    /** At the member `at`; otherwise before it, or after the last one where that is the number of members. */
+    bool on = false;
 };
 
 /** The member that some steps from a place lead to. Only usable members count; the first step from a gap, or
