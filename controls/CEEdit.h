@@ -2,6 +2,11 @@
 
 #include "controls/CECtrl.h"
 
+namespace vant::detail
+{
+enum class FieldCell;
+}
+
 /** A line of text to type into: an edit window of the system, bound to a variable.
  *
  *  Characters that no value of the bound type can have are not let in. While the text is not valid the field
@@ -120,13 +125,13 @@ private:
     void DrawFrame();
     void PaintGlowing();
     void RefreshFrame();
-    int FrameCell() const;
+    vant::detail::FieldCell FrameCell() const;
 
     CFont m_scaledFont;                // empty where a unit is a pixel: the style's own font fits there
     HFONT m_fontOf = nullptr;          // the style's font that the window's was made from
     CDpi m_fontDpi;                    // the scale that it was made for
     int m_lineHeight = 0;              // of the window's font, pixels
     Colours m_shown = {0, 0, nullptr}; // the colours last given to the window
-    int m_shownFrame = -1;             // the frame last painted, see FrameCell()
-    COLORREF m_shownBack = 0;          // what it was painted on
+    vant::detail::FieldCell m_shownFrame{-1}; // the frame last painted, see FrameCell(); -1: none
+    COLORREF m_shownBack = 0;                 // what it was painted on
 };

@@ -2,6 +2,7 @@
 #include "controls/CEEdit.h"
 
 #include "controls/detail/CtrlText.h"
+#include "controls/detail/FieldFrame.h"
 #include "controls/detail/PaintBuffer.h"
 #include "controls/detail/SkinPiece.h"
 #include "platform/Vant.h"
@@ -9,11 +10,10 @@
 
 #include <algorithm>
 
+using vant::detail::FieldCell;
+
 namespace
 {
-
-/** Cells of the frames of text fields. */
-enum Cell { cellNormal, cellHover, cellFocused, cellInvalid, cellDisabled };
 
 // Units.
 constexpr int frameWidth = 1;
@@ -69,34 +69,32 @@ CEEdit::Colours CEEdit::ColoursFor(bool valid) const
 {
     if (!valid)
         return {style.txtCol, Vant::blue, Vant::blueB};
-    if (style.greyBk)
-        return {style.txtCol, Vant::grey, Vant::greyB};
-    const HGDIOBJ own = style.pBrush ? style.pBrush->GetSafeHandle() : nullptr;
-    return {style.txtCol, 0, static_cast<HBRUSH>(own ? own : ::GetStockObject(BLACK_BRUSH))};
+    // Deliberately black behind the letters on a brush of one's own, too.
+    return {style.txtCol, style.greyBk ? Vant::grey : RGB(0, 0, 0), vant::detail::FieldBrush(style)};
 }
 
-int CEEdit::FrameCell() const
+FieldCell CEEdit::FrameCell() const
 {
     if (!IsWindowEnabled())
-        return cellDisabled;
+        return FieldCell::Disabled;
     if (::GetFocus() == m_hWnd)
-        return cellFocused;
+        return FieldCell::Focused;
     if (!validNow)
-        return cellInvalid;
-    return (look & lookHover) != 0 ? cellHover : cellNormal;
+        return FieldCell::Invalid;
+    return (look & lookHover) != 0 ? FieldCell::Hover : FieldCell::Normal;
 }
 
 void CEEdit::DrawField(CDC& dc, const CRect& r) const
 {
-    const int cell = FrameCell();
+    const FieldCell cell = FrameCell();
+    const int width = cell == FieldCell::Focused ? focusWidth : frameWidth;
     CRect inside = r;
-    inside.DeflateRect(cell == cellFocused ? focusWidth : frameWidth,
-                       cell == cellFocused ? focusWidth : frameWidth);
+    inside.DeflateRect(width, width);
 
     const int saved = dc.SaveDC();
     dc.ExcludeClipRect(inside);
     const vant::skins::Region& frames = style.greyBk ? vant::skins::txt::grey : vant::skins::txt::black;
-    vant::detail::DrawPiece(dc, r, Vant::txt, frames, cell, BackCol());
+    vant::detail::DrawPiece(dc, r, Vant::txt, frames, static_cast<int>(cell), BackCol());
     dc.RestoreDC(saved);
 
     ::FillRect(dc, &inside, ColoursFor(validNow != 0).brush);

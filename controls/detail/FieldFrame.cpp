@@ -9,6 +9,14 @@
 namespace vant::detail
 {
 
+HBRUSH FieldBrush(const CEStyle& style)
+{
+    if (style.greyBk)
+        return Vant::greyB;
+    const HGDIOBJ own = style.pBrush ? style.pBrush->GetSafeHandle() : nullptr;
+    return static_cast<HBRUSH>(own ? own : ::GetStockObject(BLACK_BRUSH));
+}
+
 void DrawFieldFrame(CDC& dc, const CRect& r, const CEStyle& style, FieldCell cell, COLORREF back)
 {
     const auto& frames = style.greyBk ? skins::txt::grey : skins::txt::black;
@@ -20,9 +28,7 @@ void DrawFieldFrame(CDC& dc, const CRect& r, const CEStyle& style, FieldCell cel
         return;
     CRect inside = r;
     inside.DeflateRect(fieldFrame, fieldFrame);
-    const HGDIOBJ own = style.pBrush ? style.pBrush->GetSafeHandle() : nullptr;
-    const HGDIOBJ plain = own ? own : ::GetStockObject(BLACK_BRUSH);
-    ::FillRect(dc, inside, style.greyBk ? static_cast<HBRUSH>(Vant::greyB) : static_cast<HBRUSH>(plain));
+    ::FillRect(dc, inside, FieldBrush(style));
 }
 
 FieldCell FieldCellOf(const CECtrl& ctrl, bool hasFocus)
