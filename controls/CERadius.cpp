@@ -1,5 +1,7 @@
 #include "controls/CERadius.h"
 
+#include "controls/detail/BoundNumber.h"
+#include "controls/detail/CtrlLook.h"
 #include "controls/detail/DialGeometry.h"
 #include "controls/detail/SkinPiece.h"
 #include "core/ML.h"
@@ -32,10 +34,9 @@ END_MESSAGE_MAP()
 namespace
 {
 
-constexpr double missing = -32768.0; // marks missing data in a double
 constexpr double coarse = 5 * ML::d2r;
 constexpr double fine = 1 * ML::d2r;
-constexpr int handleReach = 4;  // units from the handle's middle to its edges
+constexpr int handleHalf = 4;   // units from the handle's middle to its edges
 constexpr int handleCorner = 8; // units
 
 DialGeometry GeometryOf(const CECtrl& ctrl)
@@ -118,8 +119,8 @@ void CERadius::TakeBrg()
 {
     if (!HoldsAngle())
         return;
-    const double bound = GetVal();
-    if (bound != missing && std::isfinite(bound))
+    const double bound = vant::detail::NumberOf(*this);
+    if (std::isfinite(bound))
         brg = bound;
 }
 
@@ -147,7 +148,7 @@ void CERadius::Draw(CDC* dc)
     DrawBack(dc);
     if (ownDC)
         DrawFace(*dc, enabled ? dcNorm : dcGrey, dial.Diameter(), BackCol());
-    if (::GetFocus() == m_hWnd && m_hWnd)
+    if (vant::detail::HasFocus(*this))
         DrawFocus(*dc, dial.Diameter());
 
     dir = vant::detail::DialDirection(brg, slope);
@@ -157,8 +158,7 @@ void CERadius::Draw(CDC* dc)
     dc->SelectObject(enabled ? &Vant::cyanB : &Vant::darkB);
     dc->MoveTo(dial.Radius(), dial.Radius());
     dc->LineTo(x, y);
-    dc->RoundRect(x - handleReach, y - handleReach, x + handleReach, y + handleReach, handleCorner,
-                  handleCorner);
+    dc->RoundRect(x - handleHalf, y - handleHalf, x + handleHalf, y + handleHalf, handleCorner, handleCorner);
     dc->RestoreDC(saved);
 }
 

@@ -10,7 +10,7 @@ namespace vant::detail
 namespace
 {
 
-constexpr double handleReach = 5.0; // units
+constexpr double grabReach = 5.0; // units around the handle's middle, a little more than is drawn
 
 } // namespace
 
@@ -23,7 +23,7 @@ DialGeometry::Point DialGeometry::HandleOf(const CV3& dir) const noexcept
 bool DialGeometry::IsOnHandle(const CV3& dir, Point p) const noexcept
 {
     const double r = m_radius;
-    return std::fabs(dir.x * r + r - p.x) < handleReach && std::fabs(r - dir.y * r - p.y) < handleReach;
+    return std::fabs(dir.x * r + r - p.x) < grabReach && std::fabs(r - dir.y * r - p.y) < grabReach;
 }
 
 CV3 DialGeometry::DirectionAt(Point p) const noexcept
