@@ -7,6 +7,7 @@
 #include "controls/detail/LayoutPass.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace
 {

@@ -4,7 +4,6 @@
 #include "controls/detail/PhaseClock.h"
 #include "core/VantApi.h"
 
-#include <cstdint>
 #include <mutex>
 #include <optional>
 

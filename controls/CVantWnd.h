@@ -56,9 +56,10 @@ class VANT_API CVantWnd : public CWnd, public CCtrlCat
     DECLARE_DYNAMIC(CVantWnd)
 
 public:
-    static constexpr int hltInfo =
-        216; ///< information message of a changed highlight; its data is the window
-    static constexpr UINT layoutMsg = 5225; ///< private window message: a child's layout has changed
+    /** Information message of a changed highlight; its data is the window. */
+    static constexpr int hltInfo = 216;
+    /** Private window message: a child's layout has changed. */
+    static constexpr UINT layoutMsg = 5225;
 
     /** @name Lists, in order of registration. Not owned. */
     ///@{
