@@ -1,7 +1,5 @@
 #include "controls/CCtrlCat.h"
 
-#include "controls/CEBtn.h"
-#include "controls/CECheck.h"
 #include "controls/CEGrid.h"
 #include "controls/CELabel.h"
 #include "controls/CEText.h"

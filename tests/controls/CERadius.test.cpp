@@ -5,14 +5,12 @@
 #include "controls/detail/DialGeometry.h"
 #include "core/ML.h"
 #include "resources/Ids.h"
-#include "support/MessagePump.h"
 
 #include <cmath>
 #include <limits>
 #include <optional>
 
 using namespace testing;
-using namespace vant::test;
 using vant::detail::DialGeometry;
 
 namespace

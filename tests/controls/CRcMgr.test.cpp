@@ -1,7 +1,6 @@
 #include "controls/CRcMgr.h"
 
 #include "controls/CEBtn.h"
-#include "controls/CEEdit.h"
 #include "controls/CRcKeys.h"
 #include "controls/Listener.h"
 #include "controls/RecordingWnd.h"

@@ -4,7 +4,6 @@
 #include "support/MessagePump.h"
 
 #include <functional>
-#include <map>
 #include <memory>
 
 namespace

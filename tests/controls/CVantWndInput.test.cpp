@@ -1,5 +1,3 @@
-#include "controls/CEBtn.h"
-#include "controls/CECheck.h"
 #include "controls/CEText.h"
 #include "controls/RecordingWnd.h"
 #include "controls/WndTest.h"
@@ -17,22 +15,21 @@ constexpr int btn = CECtrl::typeBtn;
 class CVantWndInput : public WndTest
 {
 protected:
+    ~CVantWndInput() override { ::DestroyWindow(m_popup); }
+
     static void MoveMouseOver(CWnd& wnd) { wnd.SendMessage(WM_MOUSEMOVE, 0, MAKELPARAM(3, 3)); }
 
     /** A window of the system beside the platform's. */
-    static HWND Other(DWORD style)
+    HWND Other(DWORD style)
     {
-        const HWND wnd = ::CreateWindowExW(0, L"STATIC", L"", WS_CHILD | style, 0, 0, 10, 10, Parent(),
+        const HWND wnd = ::CreateWindowExW(0, L"STATIC", L"", WS_CHILD | style, 0, 0, 10, 10, m_popup,
                                            nullptr, nullptr, nullptr);
         ::SetFocus(wnd);
         return wnd;
     }
-    static HWND Parent()
-    {
-        static const HWND parent = ::CreateWindowExW(0, L"STATIC", L"", WS_POPUP | WS_VISIBLE, 0, 0, 50, 50,
-                                                     nullptr, nullptr, nullptr, nullptr);
-        return parent;
-    }
+
+    const HWND m_popup = ::CreateWindowExW(0, L"STATIC", L"", WS_POPUP | WS_VISIBLE, 0, 0, 50, 50, nullptr,
+                                           nullptr, nullptr, nullptr);
 };
 
 /** A window as tall as twenty lines of one button each. */
@@ -66,7 +63,6 @@ public:
 
 TEST_F(CVantWndInput, MouseBringsTheFocusUnlessItIsKept)
 {
-    const ScreenLock screen;
     RecordingWnd wnd;
     wnd.CreatePopup();
     wnd.ShowWindow(SW_SHOW);
@@ -84,9 +80,9 @@ TEST_F(CVantWndInput, MouseBringsTheFocusUnlessItIsKept)
     MoveMouseOver(wnd);
     EXPECT_EQ(::GetFocus(), keeper) << "one that keeps it";
 
-    ::SetFocus(Parent());
+    ::SetFocus(m_popup);
     MoveMouseOver(wnd);
-    EXPECT_EQ(::GetFocus(), Parent()) << "a pop-up has it";
+    EXPECT_EQ(::GetFocus(), m_popup) << "a pop-up has it";
 
     const HWND plain = Other(0);
     CVantWnd::s_inhibitFocus = 1;
@@ -99,7 +95,6 @@ TEST_F(CVantWndInput, MouseBringsTheFocusUnlessItIsKept)
 
 TEST_F(CVantWndInput, FocusComesBackWithTheActivation)
 {
-    const ScreenLock screen;
     RecordingWnd wnd;
     CECtrl* const first = wnd.InsCtrl(20, btn, L"a");
     CECtrl* const second = wnd.InsCtrl(20, btn, L"b");
@@ -124,7 +119,6 @@ TEST_F(CVantWndInput, FocusComesBackWithTheActivation)
 
 TEST_F(CVantWndInput, TabGoesThroughAllControlsAndWindows)
 {
-    const ScreenLock screen;
     RecordingWnd wnd;
     CCtrlCat& cat = *wnd.GetCat(L"Section", CCtrlCat::kindStacked, 1, 0);
     std::map<HWND, std::wstring> names;
@@ -315,7 +309,6 @@ TEST_F(CVantWndInput, TheBarPagesAndDragsInEveryScale)
 
 TEST_F(CVantWndInput, TheBarIsDrawnInTheColoursOfTheLibrary)
 {
-    const ScreenLock screen;
     TallWnd wnd;
     wnd.CreatePopup(400, 200);
     wnd.ShowWindow(SW_SHOWNOACTIVATE);
@@ -343,7 +336,6 @@ TEST_F(CVantWndInput, TheBarIsDrawnInTheColoursOfTheLibrary)
 
 TEST_F(CVantWndInput, TabBringsTheControlIntoView)
 {
-    const ScreenLock screen;
     TallWnd wnd;
     wnd.CreatePopup(400, 200);
     wnd.ShowWindow(SW_SHOW);

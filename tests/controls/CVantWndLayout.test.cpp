@@ -1,4 +1,3 @@
-#include "controls/CEBtn.h"
 #include "controls/CECheck.h"
 #include "controls/CEFlex.h"
 #include "controls/CELabel.h"

@@ -5,11 +5,9 @@
 #include "controls/ControlsTest.h"
 
 #include <afxmt.h>
-#include <atomic>
 #include <cstddef>
 #include <functional>
 #include <memory>
-#include <thread>
 
 namespace
 {

@@ -2,7 +2,7 @@
 #include "controls/CEAddr.h"
 #include "controls/CERadius.h"
 #include "controls/CVantWnd.h"
-#include "controls/InputHost.h"
+#include "controls/WndTest.h"
 #include "support/MessagePump.h"
 
 #include <optional>
@@ -56,6 +56,8 @@ protected:
     EntryWnd wnd;
 };
 
+using EntryInWindowEnd = WndTest;
+
 } // namespace
 
 TEST_F(EntryInWindow, TabStopsAtEveryFieldAndNoKeyIsLost)
@@ -93,11 +95,7 @@ TEST_F(EntryInWindow, TabStopsAtEveryFieldAndNoKeyIsLost)
 
 TEST_F(EntryInWindow, EverythingFollowsTheWindowToAnotherScale)
 {
-    const auto heightOf = [](const CWnd& window) {
-        CRect place;
-        window.GetWindowRect(&place);
-        return place.Height();
-    };
+    const auto heightOf = [](const CWnd& window) { return ScreenPlaceOf(window).Height(); };
     const auto lineOf = [](const CWnd& edit) {
         CRect client;
         edit.GetClientRect(&client);
@@ -137,10 +135,8 @@ TEST_F(EntryInWindow, CornersShowTheHighlightOfTheWindow)
     EXPECT_EQ(FramePixelOf(*wnd.depthEdit, 0, 0), Vant::back);
 }
 
-TEST(EntryInWindowEnd, AWindowThatGoesWithItsObjectDoesNotStore)
+TEST_F(EntryInWindowEnd, AWindowThatGoesWithItsObjectDoesNotStore)
 {
-    const ScreenLock screen;
-    Vant::Init();
     std::optional<double> depth = 1.0;
     {
         CVantWnd wnd;
@@ -151,5 +147,4 @@ TEST(EntryInWindowEnd, AWindowThatGoesWithItsObjectDoesNotStore)
         edit->SetWindowText(L"2");
     }
     EXPECT_EQ(depth, 1.0);
-    Vant::Exit();
 }
