@@ -4,7 +4,9 @@
 #include "windows/CCslAlm.h"
 #include "windows/WindowsTest.h"
 
+#include <atomic>
 #include <filesystem>
+#include <thread>
 
 namespace
 {
@@ -68,6 +70,37 @@ TEST_F(LogFileTest, IsTriedAgainAfterAPauseWithAnotherFileAndAtTheEnd)
     Free();
     log.Flush();
     EXPECT_THAT(FileLines(m_file), ElementsAre("four"));
+}
+
+TEST_F(LogFileTest, KeepsALineThatComesWhileTheOthersAreOffered)
+{
+    // It is on its way to those that wait when they have just reached the file.
+    constexpr int rounds = 150;
+    LogFile log(3'600'000);
+    std::atomic<int> round = -1;
+    std::atomic<int> done = -1;
+    std::jthread other([&] {
+        for (int i = 0; i < rounds; ++i) {
+            while (round != i)
+                std::this_thread::yield();
+            log.Write(m_file, L"late");
+            done = i;
+        }
+    });
+    std::size_t written = 0;
+    for (int i = 0; i < rounds; ++i) {
+        std::filesystem::create_directories(Text(m_file));
+        log.Write(m_file, L"early");
+        Free();
+        round = i;
+        log.Flush();
+        while (done != i)
+            std::this_thread::yield();
+        log.Flush();
+        written += FileLines(m_file).size();
+        std::filesystem::remove(Text(m_file));
+    }
+    EXPECT_EQ(written, 2U * rounds);
 }
 
 TEST_F(LogFileTest, TellsHowManyLinesCouldNotWait)

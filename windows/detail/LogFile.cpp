@@ -43,7 +43,8 @@ void LogFile::WriteLate(const CString& file, const CString& line)
         m_waiting += bytes;
     else
         ++m_lost;
-    if (m_file != file || ::GetTickCount64() >= m_nextTry) {
+    // The lines that waited may have been taken before the lock was had: nobody would come for this one.
+    if (!m_isFailing || m_file != file || ::GetTickCount64() >= m_nextTry) {
         m_file = file;
         Offer();
     }
