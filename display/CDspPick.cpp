@@ -156,17 +156,14 @@ void CDsp::OnMenu(CDspMInf& inf, CEMenu& menu)
 
 void CDsp::OpenMenu(CDspMInf& inf, CPoint screenPt)
 {
-    CEMenu menu;
-    OnMenu(inf, menu);
-    const HWND wnd = m_hWnd;
-    m_state->menu = &menu;
-    menu.TrackPopup(screenPt, this);
-    if (::IsWindow(wnd)) // what was chosen may have destroyed the view
-        m_state->menu = nullptr;
+    const auto menu = std::make_shared<CEMenu>();
+    OnMenu(inf, *menu);
+    m_state->menu = menu;
+    menu->TrackPopup(screenPt, this); // what is chosen may destroy the view
 }
 
 void CDsp::CancelMenu()
 {
-    if (m_state->menu)
-        m_state->menu->Cancel();
+    if (const auto menu = m_state->menu.lock())
+        menu->Cancel();
 }

@@ -6,6 +6,7 @@
 
 #include <afxwin.h>
 
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -45,7 +46,7 @@ struct ViewState {
     std::optional<ViewBox> box; ///< of everything that is shown; none if that is not known
     std::vector<PendingLabel> labels;
     std::optional<ViewDrag> drag;
-    CEMenu* menu = nullptr; ///< while it is open
+    std::weak_ptr<CEMenu> menu; ///< that is open
 };
 
 } // namespace vant::detail
