@@ -13,6 +13,7 @@
 #include <algorithm>
 #include <cmath>
 #include <iterator>
+#include <memory>
 #include <vector>
 
 using namespace vant::detail;
@@ -93,6 +94,10 @@ int CDsp::Pick(double atX, double atY, CDspMInf& inf)
         m_state->isPicking = false;
         m_state->scene.reset();
     });
+    // The nearest first: each is then the last so far, also where a pick finds thousands.
+    std::stable_sort(found.begin(), found.end(),
+                     [](const SelectHit& a, const SelectHit& b) { return a.depth < b.depth; });
+    m_state->hitNames.clear();
     for (const SelectHit& each : found)
         TakeHit(geometry, atX, atY, each, inf);
     if (inf.count > 0) {
@@ -116,9 +121,13 @@ void CDsp::TakeHit(const ViewGeometry& geometry, double atX, double atY, const S
         pos = pos->next;
     if (pos) {
         hit->mdl = Mdls()->GetAt(pos);
-        CMdlInf about;
-        hit->mdl->GetInf(about);
-        hit->text = about.name;
+        const auto [known, isNew] = m_state->hitNames.try_emplace(found.owner);
+        if (isNew) {
+            CMdlInf about;
+            hit->mdl->GetInf(about);
+            known->second = about.name;
+        }
+        hit->text = known->second;
         hit->mdl->OnHit(*this, *hit);
     }
     inf.AddHit(std::move(hit));

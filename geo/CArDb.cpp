@@ -4,6 +4,7 @@
 #include "geo/CArKinds.h"
 #include "geo/detail/Extents.h"
 #include "geo/detail/GeoDrawing.h"
+#include "geo/detail/PartNames.h"
 
 using namespace vant::detail;
 
@@ -38,14 +39,20 @@ void ForVertices(const CArea& area, Each each)
 CArDb::CArDb() = default;
 CArDb::CArDb(const CArDb& other) = default;
 CArDb& CArDb::operator=(const CArDb& other) = default;
-CArDb::~CArDb() = default;
+
+CArDb::~CArDb()
+{
+    PartNames::Forget(*this);
+}
 
 void CArDb::Draw(CDsp& dsp)
 {
     GeoDrawing drawing(dsp);
     drawing.UsePen(mtrl);
+    PartNames names(*this, dsp);
     unsigned number = 0;
     ForAreas(*this, [&](const CArea& area) {
+        names.From(number, area.name);
         glLoadName(number++);
         ForVertices(area, [&](const CV3& vertex) { drawing.To(vertex); });
         drawing.DrawLine(dynamic_cast<const CArRt*>(&area) ? GL_LINE_STRIP : GL_LINE_LOOP);
@@ -67,12 +74,18 @@ void CArDb::GetInf(CMdlInf& inf)
 
 void CArDb::OnHit(CDsp&, CDspMHit& hit)
 {
-    int number = 0;
-    ForAreas(*this, [&](const CArea& area) {
-        if (number++ != hit.part)
-            return true;
-        if (!area.name.IsEmpty())
-            hit.text = area.name;
-        return false;
-    });
+    CString name;
+    if (const CString* const noted = PartNames::Find(*this, hit.part)) {
+        name = *noted;
+    } else {
+        int number = 0;
+        ForAreas(*this, [&](const CArea& area) {
+            if (number++ != hit.part)
+                return true;
+            name = area.name;
+            return false;
+        });
+    }
+    if (!name.IsEmpty())
+        hit.text = name;
 }

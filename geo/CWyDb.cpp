@@ -3,6 +3,9 @@
 #include "display/CDspMHit.h"
 #include "geo/detail/Extents.h"
 #include "geo/detail/GeoDrawing.h"
+#include "geo/detail/PartNames.h"
+
+#include <utility>
 
 using namespace vant::detail;
 
@@ -29,14 +32,22 @@ void ForWyPts(const CLstMgd<CWyCat>& cats, Each each)
 CWyDb::CWyDb() = default;
 CWyDb::CWyDb(const CWyDb& other) = default;
 CWyDb& CWyDb::operator=(const CWyDb& other) = default;
-CWyDb::~CWyDb() = default;
+
+CWyDb::~CWyDb()
+{
+    PartNames::Forget(*this);
+}
 
 void CWyDb::Draw(CDsp& dsp)
 {
     GeoDrawing drawing(dsp);
     drawing.UsePen(mtrl);
+    PartNames names(*this, dsp);
+    const CWyCat* last = nullptr;
     unsigned number = 0;
-    ForWyPts(*this, [&](const CWyCat&, const CWyPt& wyPt) {
+    ForWyPts(*this, [&](const CWyCat& cat, const CWyPt& wyPt) {
+        if (std::exchange(last, &cat) != &cat)
+            names.From(number, cat.name);
         glLoadName(number++);
         drawing.Diamond(wyPt.Pos(), symbolSize);
     });
@@ -53,9 +64,16 @@ void CWyDb::GetInf(CMdlInf& inf)
 
 void CWyDb::OnHit(CDsp&, CDspMHit& hit)
 {
-    int number = 0;
-    ForWyPts(*this, [&](const CWyCat& cat, const CWyPt&) {
-        if (number++ == hit.part && !cat.name.IsEmpty())
-            hit.text = cat.name;
-    });
+    CString name;
+    if (const CString* const noted = PartNames::Find(*this, hit.part)) {
+        name = *noted;
+    } else {
+        int number = 0;
+        ForWyPts(*this, [&](const CWyCat& cat, const CWyPt&) {
+            if (number++ == hit.part)
+                name = cat.name;
+        });
+    }
+    if (!name.IsEmpty())
+        hit.text = name;
 }

@@ -6,6 +6,7 @@
 
 #include <afxwin.h>
 
+#include <map>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -46,6 +47,8 @@ struct ViewState {
     std::optional<ViewBox> box; ///< of everything that is shown; none if that is not known
     std::vector<PendingLabel> labels;
     std::optional<ViewDrag> drag;
+    /** Of the drawables that a pick has hit, by their numbers: each is asked once for all of its parts. */
+    std::map<unsigned, CString> hitNames;
     std::weak_ptr<CEMenu> menu; ///< that is open
 };
 

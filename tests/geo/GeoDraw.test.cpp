@@ -253,4 +253,45 @@ TEST_F(GeoDraw, AreasAndWaypointsShowAndTellTheirNames)
         image.Save(CString(pictures) + L"\\geo.png");
 }
 
+TEST_F(GeoDraw, APickOfVeryManyPartsHoldsNobodyUp)
+{
+    constexpr int count = 30'000;
+    RandomGeometry random;
+    for (LPCWSTR const name : {L"Buoys", L"Soundings"}) {
+        auto* const cat = new CWyCat;
+        cat->name = name;
+        for (int i = 0; i < count / 2; ++i)
+            cat->AddTail(new CWyPt(faraway.x, faraway.y, faraway.z + random.Number(-50, 50)));
+        wyPts.AddTail(cat);
+    }
+    wyPts.GetHead()->AddHead(nullptr);
+    AddArea(L"Berth", {{-50, 0, 60}, {50, 0, 60}});
+    AddArea(L"", {{-50, 0, 70}, {50, 0, 70}});
+    CDspMInf inf;
+    const ULONGLONG begin = ::GetTickCount64();
+    ASSERT_EQ(wnd.Pick(side / 2, side / 2, inf), count + 2);
+    // Going through all of them for each takes a quarter of a minute.
+    EXPECT_LT(::GetTickCount64() - begin, 4000U) << "ms";
+    EXPECT_EQ(inf.hits.GetHead()->text, L"Areas") << "one without a name";
+    EXPECT_EQ(inf.hits.GetAt(inf.hits.GetHeadPos()->next)->text, L"Berth");
+    double before = 0;
+    int soundings = 0;
+    for (CVantPtr* pos = inf.hits.GetHeadPos(); pos;) {
+        const CDspMHit& hit = *inf.hits.GetNext(pos);
+        ASSERT_GE(hit.depth, before);
+        before = hit.depth;
+        if (hit.mdl == &wyPts) {
+            ASSERT_EQ(hit.text, hit.part < count / 2 ? L"Buoys" : L"Soundings") << hit.part;
+            soundings += hit.part < count / 2 ? 0 : 1;
+        }
+    }
+    EXPECT_EQ(soundings, count / 2);
+    // Later, when the view has been drawn again, it is still known by its number.
+    Drawn();
+    CDspMHit hit;
+    hit.part = count - 1;
+    wyPts.OnHit(wnd, hit);
+    EXPECT_EQ(hit.text, L"Soundings");
+}
+
 } // namespace
