@@ -110,7 +110,7 @@ public:
      * current, before #txtScale; capitals are two thirds of it  @param flags  sum of TextAlign */
     static void XyText(double x, double y, double angle, double size, int flags, const CString& text);
     /** Draws a text with a bitmap font of 256 lists from `list` on (wglUseFontBitmaps): its size is in
-     * pixels. A text whose beginning is outside the view is not seen at all: OpenGL's rule for bitmaps.  */
+     * pixels. A text whose beginning is outside the view is not seen at all: OpenGL's rule for bitmaps. */
     static void XyBmpText(unsigned list, double x, double y, const CString& text);
     /** Draws a circle of diameter 1 around a point and a text of size 20 that begins in its centre. `r` is
      * deliberately the third coordinate of the point and not a radius: scale before. */

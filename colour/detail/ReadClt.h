@@ -13,12 +13,11 @@
  *  A line ends at a line feed, before which a carriage return is left out, or where the file ends; its text
  *  ends at a NUL, and the file at a Ctrl-Z. The first line decides which of three layouts it has:
  *
- *  | first line            | table                     | other lines                     | without the
- * numbers |
- *  |-----------------------|---------------------------|---------------------------------|---------------------|
- *  | COLOURTABLE 12 "Name" | as many as it says        | red green blue, 0 to 255        | black | |
- * LookUpTable Name      | 256                       | ignored red green blue, 0 - 255 | passed over         |
- *  | anything else         | 64; this line is the 1st  | red green blue, 0 to 63         | black |
+ *  | first line            | entries                  | other lines                     | without numbers |
+ *  |-----------------------|--------------------------|---------------------------------|-----------------|
+ *  | COLOURTABLE 12 "Name" | as many as it says       | red green blue, 0 to 255        | black           |
+ *  | LookUpTable Name      | 256                      | ignored red green blue, 0 - 255 | passed over     |
+ *  | anything else         | 64; this line is the 1st | red green blue, 0 to 63         | black           |
  *
  *  Everything is read as scanf reads it: a blank in a pattern stands for any white space or none, letter case
  *  counts, nothing behind the last number of a line is looked at, and the quotation mark at the end of a name

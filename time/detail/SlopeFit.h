@@ -25,10 +25,10 @@ public:
 
     /** Adds a sample, in the place of the oldest one when all are taken.
      *
-     *  It gets a slope unless it is the first one, x or y is exactly that of the sample before, or there is
-     *  none that is a number. Without, a
-     *  sample that took the oldest one's place deliberately keeps that one's slope and intercept, and with
-     * them its place among the slopes: a source that stands still keeps the fit that it had. */
+     *  It gets a slope unless it is the first one, x or y is exactly that of the sample before, or the slope
+     * is not a number. Without one, a sample that took the oldest one's place deliberately keeps that one's
+     * slope and intercept, and with them its place among the slopes: a source that stands still keeps the fit
+     * that it had. */
     void Add(double y, double x) noexcept;
 
     /** The line through the samples. One sample: its own (m = 1, c = 0). Two: the means of theirs, so that
