@@ -1,6 +1,6 @@
 #pragma once
 
-#include "demo/PlannedRoute.h"
+#include "demo/scene/PlannedRoute.h"
 #include "display/CMdl.h"
 
 namespace demo

@@ -1,7 +1,7 @@
 #include "demo/script/CScript.h"
 
-#include "demo/Terminal.h"
-#include "demo/script/ScreenPicture.h"
+#include "demo/run/Terminal.h"
+#include "demo/screen/ScreenPicture.h"
 
 namespace demo
 {

@@ -1,13 +1,13 @@
 #pragma once
 
-#include "demo/CChartWnd.h"
-#include "demo/CColoursWnd.h"
-#include "demo/COrbitWnd.h"
-#include "demo/CSetupWnd.h"
-#include "demo/CSurveyWnd.h"
-#include "demo/CViewVideo.h"
 #include "demo/script/CActor.h"
 #include "demo/script/CInput.h"
+#include "demo/setup/CSetupWnd.h"
+#include "demo/survey/CSurveyWnd.h"
+#include "demo/views/CChartWnd.h"
+#include "demo/views/CColoursWnd.h"
+#include "demo/views/COrbitWnd.h"
+#include "demo/views/CViewVideo.h"
 
 #include <vector>
 

@@ -1,10 +1,10 @@
 #include "demo/tour/CTour.h"
 
-#include "demo/ScreenPlace.h"
-#include "demo/Terminal.h"
 #include "demo/detail/Shot.h"
 #include "demo/detail/Text.h"
-#include "demo/script/ScreenPicture.h"
+#include "demo/run/Terminal.h"
+#include "demo/screen/ScreenPicture.h"
+#include "demo/screen/ScreenPlace.h"
 
 #include <iterator>
 

@@ -1,7 +1,7 @@
 #include "demo/tour/CTourFilm.h"
 
-#include "demo/CPainter.h"
-#include "demo/PlainVideo.h"
+#include "demo/draw/CPainter.h"
+#include "demo/views/PlainVideo.h"
 #include "platform/Vant.h"
 
 #include <cmath>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "demo/CBackBuffer.h"
-#include "demo/FontSet.h"
-#include "demo/Palette.h"
+#include "demo/draw/CBackBuffer.h"
+#include "demo/draw/FontSet.h"
+#include "demo/draw/Palette.h"
 #include "media/CEAvi.h"
 
 #include <afxwin.h>

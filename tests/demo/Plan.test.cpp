@@ -1,5 +1,5 @@
 // The planned survey and the distance from it.
-#include "demo/PlannedRoute.h"
+#include "demo/scene/PlannedRoute.h"
 
 #include "demo/detail/Quantities.h"
 

@@ -1,7 +1,7 @@
-#include "demo/ShownValues.h"
+#include "demo/session/ShownValues.h"
 
 #include "Lines.h"
-#include "demo/DemoSettings.h"
+#include "demo/session/DemoSettings.h"
 #include "values/EUnits.h"
 
 #include <gtest/gtest.h>

@@ -1,5 +1,5 @@
 // Settings that this program did not write, or not to the end.
-#include "demo/DemoSettings.h"
+#include "demo/session/DemoSettings.h"
 #include "firstuse/FirstUse.h"
 
 namespace

@@ -1,0 +1,55 @@
+// The video that the bridge records, and the pictures that it leaves.
+#include "demo/bridge/CBridge.h"
+
+#include "demo/screen/ScreenPicture.h"
+#include "demo/session/Commands.h"
+
+namespace demo
+{
+
+void CBridge::RecordVideo()
+{
+    if (m_session.recording && !m_video.IsOn()) {
+        m_session.recording = m_video.Start(m_session.outDir + videoName);
+        return;
+    }
+    if (m_session.recording)
+        m_video.AddFrame();
+    else
+        m_video.Stop();
+    if (m_session.recording && !m_video.IsOn()) { // that was the last frame
+        m_session.recording = false;
+        m_session.log.Line(L"video of " + std::to_wstring(m_video.Frames()) + L" frames saved to " +
+                           std::wstring(static_cast<LPCWSTR>(m_session.outDir + videoName)));
+    }
+}
+
+void CBridge::SavePictures()
+{
+    const auto note = [this](bool saved, const wchar_t* file) {
+        m_session.picturesSaved &= saved;
+        if (saved)
+            m_session.pictures.emplace_back(file);
+    };
+    CRect seen;
+    GetWindowRect(&seen);
+    for (const CVantWnd* const popup : Popups()) {
+        CRect place;
+        popup->GetWindowRect(&place);
+        if (popup->IsWindowVisible())
+            seen.UnionRect(&seen, &place);
+    }
+    for (CSceneWnd* const view : Views()) {
+        if (!view->IsWindowVisible())
+            continue;
+        const wchar_t* const file = view == &m_chart ? chartName : orbitName;
+        note(view->SavePicture(m_session.outDir + file), file);
+        view->RedrawWnd();
+    }
+    note(SavePicture(m_session, pictureName), pictureName);
+    if (m_video.Frames() > 0)
+        m_session.pictures.emplace_back(videoName);
+    note(SaveScreen(seen, m_session.outDir + screenName), screenName);
+}
+
+} // namespace demo

@@ -1,0 +1,50 @@
+#include "demo/detail/Quantities.h"
+#include "demo/panels/Panels.h"
+
+namespace demo
+{
+
+void PaintMotion(CPainter& painter, const Box& box, const View& view)
+{
+    const Playback& playback = view.playback;
+    const ShownValues& values = view.values;
+    const Freshness water = playback.State(Sensor::WaterSpeed);
+    const Freshness temperature = playback.State(Sensor::Temperature);
+    const Box inside = painter.Panel(box, L"SPEED AND WATER", L"", std::max(water, temperature));
+
+    struct Tile {
+        std::wstring_view name;
+        Shown shown;
+        std::wstring further;
+    };
+    const Tile tiles[] = {
+        {L"over ground", Show(view, Quantity::SpeedOverGround), values.KnotsText(Quantity::SpeedOverGround)},
+        {L"through water", Show(view, Quantity::SpeedThroughWater),
+         values.KnotsText(Quantity::SpeedThroughWater)},
+        {L"true wind", ShowFromBow(playback, Quantity::TrueWindAngle),
+         values.KnotsText(Quantity::TrueWindSpeed)},
+        {L"temperature", Show(view, Quantity::WaterTemperature), L""},
+    };
+    const int halfWidth = inside.Width() / 2;
+    const int halfHeight = inside.Height() / 2;
+    for (int i = 0; i < 4; ++i) {
+        const int left = inside.left + (i % 2) * halfWidth;
+        const double middle = inside.top + (i / 2 + 0.5) * halfHeight;
+        const double x = left + painter.S(16);
+        painter.Text(x, middle - painter.S(30), Align::Left, painter.Fonts().small, painter.Colours().label,
+                     tiles[i].name);
+        painter.Value(x, middle + painter.S(12), Align::Left, painter.Fonts().big, tiles[i].shown.WithUnit());
+        painter.Text(x, middle + painter.S(38), Align::Left, painter.Fonts().label,
+                     painter.ValueColour(tiles[i].shown.state), tiles[i].further);
+    }
+    const int margin = painter.I(16);
+    const COLORREF line = painter.Colours().grid;
+    painter.Solid(
+        {inside.left + halfWidth, inside.top + margin, inside.left + halfWidth + 1, inside.bottom - margin},
+        line);
+    painter.Solid(
+        {inside.left + margin, inside.top + halfHeight, inside.right - margin, inside.top + halfHeight + 1},
+        line);
+}
+
+} // namespace demo

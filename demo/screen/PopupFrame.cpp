@@ -1,0 +1,56 @@
+#include "demo/screen/PopupFrame.h"
+
+#include "controls/CVantWnd.h"
+#include "demo/screen/ScreenPlace.h"
+#include "platform/Vant.h"
+
+namespace demo
+{
+namespace
+{
+
+constexpr DWORD popupStyle = WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_THICKFRAME | WS_CLIPCHILDREN;
+
+} // namespace
+
+bool PopupFrame::Open(const wchar_t* title, CWnd& owner, const Box& first)
+{
+    const bool isSaved = m_place.box.Width() > 0 && m_place.box.Height() > 0;
+    const Box box = isSaved ? PlaceAgain(m_place.box) : first;
+    if (!m_wnd.CreateEx(0, Vant::wndClass, title, popupStyle, RectOf(box), &owner, 0))
+        return false;
+    const int dpi = CDpi::Of(owner.m_hWnd).Dpi();
+    if (CDpi::Of(m_wnd.m_hWnd).Dpi() != dpi) // on a screen that its owner would not fit otherwise
+        m_wnd.SendMessage(WM_DPICHANGED, MAKEWPARAM(dpi, dpi), 0);
+    return true;
+}
+
+void PopupFrame::ShowAsSet()
+{
+    if ((m_place.open != 0) == (m_wnd.IsWindowVisible() != FALSE))
+        return;
+    const HWND focus = ::GetFocus();
+    const bool hadFocus = focus && (focus == m_wnd.m_hWnd || ::IsChild(m_wnd.m_hWnd, focus));
+    // The keyboard stays where it is.
+    m_wnd.ShowWindow(m_place.open ? SW_SHOWNA : SW_HIDE);
+    if (!m_place.open && hadFocus)
+        m_wnd.GetParent()->SetFocus();
+    NotePlace();
+}
+
+void PopupFrame::NotePlace()
+{
+    if (!m_wnd.m_hWnd || !m_wnd.IsWindowVisible() || m_wnd.IsIconic())
+        return;
+    CRect rect;
+    m_wnd.GetWindowRect(&rect);
+    m_place.box = BoxOf(rect);
+}
+
+void PopupFrame::Close()
+{
+    m_place.open = 0;
+    CVantWnd::InfoMsg(sessionInfo, &m_session);
+}
+
+} // namespace demo
