@@ -2,6 +2,7 @@
 #include "demo/bridge/CBridge.h"
 
 #include "demo/detail/Layout.h"
+#include "demo/panels/Panels.h"
 #include "demo/screen/ScreenPlace.h"
 #include "platform/Vant.h"
 #include "windows/CCslAlm.h"
@@ -29,7 +30,7 @@ void CBridge::AddPanels()
 {
     const struct {
         const wchar_t* name;
-        void (*paint)(CPainter&, const Box&, const View&);
+        void (*paint)(CPainter&, const Box&, const Readout&);
     } panels[] = {
         {L"Header", PaintHeader}, {L"Alarm line", PaintAlarms}, {L"Depth", PaintDepth},
         {L"Track", PaintTrack},   {L"Heading", PaintHeading},   {L"Position", PaintPosition},
@@ -84,7 +85,7 @@ bool CBridge::OpenViews()
 {
     CRect place;
     GetWindowRect(&place);
-    const ViewPlaces first = FirstPlacesOfViews(BoxOf(place), Dpi());
+    const PopupPlaces first = FirstPlacesOfPopups(BoxOf(place), Dpi());
     if (!m_colours.Open(*this, first.colours) || !m_chart.Open(*this, first.chart) ||
         !m_orbit.Open(*this, first.orbit) || !m_survey.Open(*this, first.survey))
         return false;
@@ -156,7 +157,7 @@ BOOL CBridge::OnEraseBkgnd(CDC* dc)
 {
     CRect client;
     GetClientRect(&client);
-    dc->FillSolidRect(&client, m_looks.palette.back); // what lies between the parts, in every size
+    dc->FillSolidRect(&client, m_looks.colours.back); // what lies between the parts, in every size
     return TRUE;
 }
 

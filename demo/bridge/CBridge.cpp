@@ -58,7 +58,7 @@ CBridge::CBridge(Session& session)
     , m_survey(session, m_scene, m_chart)
 {
     CVantWnd::name = L"Bridge";
-    m_looks.palette = Palette::FromScheme();
+    m_looks.colours = ColourSet::FromScheme();
     AddPanels();
     AddDocks();
 }

@@ -24,7 +24,7 @@ IMPLEMENT_DYNAMIC(CDockWnd, CPanelWnd)
 
 CDockWnd::CDockWnd(const wchar_t* title, CVantWnd& guest, Session& session, Looks& looks, Tell tell)
     : CPanelWnd((std::wstring(L"Dock ") + title).c_str(), session, looks,
-                [this](CPainter& painter, const Box& box, const View&) { PaintFrame(painter, box); })
+                [this](CPainter& painter, const Box& box, const Readout&) { PaintFrame(painter, box); })
     , m_title(title)
     , m_guest(guest)
     , m_tell(std::move(tell))

@@ -68,9 +68,9 @@ void CPanelWnd::OnPaint()
     m_looks.fonts.Make(m_looks.scale, m_looks.dpi);
     {
         const double scale = m_looks.scale * m_looks.dpi.Dpi() / CDpi::base;
-        CPainter painter(m_buffer.Dc(), m_buffer.Surface(), m_looks.fonts, m_looks.palette, scale,
+        CPainter painter(m_buffer.Dc(), m_buffer.Surface(), m_looks.fonts, m_looks.colours, scale,
                          m_looks.dpi);
-        m_paint(painter, client, m_session.Shown());
+        m_paint(painter, client, m_session.Now());
     }
     dc.BitBlt(0, 0, client.right, client.bottom, &m_buffer.Dc(), 0, 0, SRCCOPY);
 }

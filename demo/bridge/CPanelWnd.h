@@ -2,8 +2,7 @@
 
 #include "controls/CVantWnd.h"
 #include "demo/draw/CBackBuffer.h"
-#include "demo/draw/FontSet.h"
-#include "demo/draw/Palette.h"
+#include "demo/draw/CPainter.h"
 #include "demo/session/Session.h"
 
 #include <functional>
@@ -13,7 +12,7 @@ namespace demo
 
 /** How all panels of the bridge are drawn. */
 struct Looks {
-    Palette palette{};
+    ColourSet colours{};
     FontSet fonts;
     double scale = 1.0; ///< of the readings in the panels, see Layout
     CDpi dpi;
@@ -27,7 +26,7 @@ class CPanelWnd : public CVantWnd
     DECLARE_DYNAMIC(CPanelWnd)
 
 public:
-    using Paint = std::function<void(CPainter&, const Box&, const View&)>;
+    using Paint = std::function<void(CPainter&, const Box&, const Readout&)>;
 
     CPanelWnd(const wchar_t* panelName, Session& session, Looks& looks, Paint paint);
 

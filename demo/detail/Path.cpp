@@ -48,7 +48,7 @@ void Path::AddPolygon(std::span<const Point> points)
     m_ends.push_back(m_points.size());
 }
 
-void Path::AddEllipsePoints(Point centre, double radius, bool clockwise)
+void Path::AddCirclePoints(Point centre, double radius, bool clockwise)
 {
     const int pieces = std::max(PieceCount(radius, twoPi), 8);
     for (int i = 0; i < pieces; ++i) {
@@ -60,13 +60,13 @@ void Path::AddEllipsePoints(Point centre, double radius, bool clockwise)
 
 void Path::AddCircle(Point centre, double radius)
 {
-    AddEllipsePoints(centre, radius, true);
+    AddCirclePoints(centre, radius, true);
 }
 
 void Path::AddRing(Point centre, double inner, double outer)
 {
-    AddEllipsePoints(centre, outer, true);
-    AddEllipsePoints(centre, inner, false);
+    AddCirclePoints(centre, outer, true);
+    AddCirclePoints(centre, inner, false);
 }
 
 void Path::AddArc(Point centre, double inner, double outer, double from, double to)

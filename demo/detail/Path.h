@@ -38,7 +38,7 @@ public:
     std::span<const std::size_t> Ends() const noexcept { return m_ends; }
 
 private:
-    void AddEllipsePoints(Point centre, double radius, bool clockwise);
+    void AddCirclePoints(Point centre, double radius, bool clockwise);
 
     std::vector<Point> m_points;
     std::vector<std::size_t> m_ends;

@@ -1,6 +1,5 @@
 #include "demo/draw/CPainter.h"
 
-#include "demo/draw/SkinPiece.h"
 #include "platform/Vant.h"
 
 #include <cmath>
@@ -21,11 +20,11 @@ Lamp LampOf(Freshness state) noexcept
     return state == Freshness::Live ? Lamp::Green : state == Freshness::Stale ? Lamp::Amber : Lamp::Red;
 }
 
-CPainter::CPainter(CDC& dc, Canvas canvas, FontSet& fonts, const Palette& palette, double scale, CDpi dpi)
+CPainter::CPainter(CDC& dc, Canvas canvas, FontSet& fonts, const ColourSet& colours, double scale, CDpi dpi)
     : m_dc(dc)
     , m_canvas(std::move(canvas))
     , m_fonts(fonts)
-    , m_palette(palette)
+    , m_colours(colours)
     , m_scale(scale)
     , m_dpi(dpi)
     , m_saved(dc.SaveDC())
@@ -37,16 +36,6 @@ CPainter::CPainter(CDC& dc, Canvas canvas, FontSet& fonts, const Palette& palett
 CPainter::~CPainter()
 {
     m_dc.RestoreDC(m_saved);
-}
-
-void CPainter::Skin(const Box& box, CDC& skin, const vant::skins::Region& piece, int cell)
-{
-    DrawSkin(m_dc, box, skin, piece, m_dpi, cell);
-}
-
-void CPainter::Stamp(int x, int y, CDC& skin, const vant::skins::Region& piece, int cell)
-{
-    StampSkin(m_dc, x, y, skin, piece, m_dpi, cell);
 }
 
 void CPainter::Text(double x, double baseline, Align align, CFont& font, COLORREF colour,
@@ -98,13 +87,13 @@ void CPainter::Value(double x, double baseline, Align align, CFont& font, const 
         left = x - TextWidth(font, figure.text) / 2.0; // the digits stay in the middle, the unit hangs on
     Text(left, baseline, Align::Left, font, ValueColour(figure.state), text);
     if (!unit.empty())
-        Text(left + textWidth + gap, baseline, Align::Left, unitFont, m_palette.label, unit);
+        Text(left + textWidth + gap, baseline, Align::Left, unitFont, m_colours.label, unit);
 }
 
 void CPainter::Labelled(double x, double baseline, Align align, std::wstring_view name, CFont& font,
                         const Figure& figure)
 {
-    Labelled(x, baseline, align, name, m_palette.label, font, figure);
+    Labelled(x, baseline, align, name, m_colours.label, font, figure);
 }
 
 void CPainter::Labelled(double x, double baseline, Align align, std::wstring_view name, COLORREF nameColour,
@@ -145,8 +134,8 @@ void CPainter::ClearClip()
 
 Box CPainter::Panel(const Box& box, std::wstring_view title, std::wstring_view note, std::optional<Lamp> lamp)
 {
-    Solid(box, m_palette.frame);
-    Solid(box.Inset(1, 1), m_palette.panel);
+    Solid(box, m_colours.frame);
+    Solid(box.Inset(1, 1), m_colours.panel);
 
     namespace skins = vant::skins;
     const Box caption{box.left + 1, box.top + 1, box.right - 1, box.top + 1 + U(skins::grad2::category.h)};
@@ -160,16 +149,16 @@ Box CPainter::Panel(const Box& box, std::wstring_view title, std::wstring_view n
 
     const int baseline = caption.bottom - U(8);
     const int left = caption.left + U(12);
-    Text(left, baseline, Align::Left, m_fonts.caption, m_palette.text, title);
+    Text(left, baseline, Align::Left, m_fonts.caption, m_colours.text, title);
     const int noteLeft = right - U(8) - TextWidth(m_fonts.note, note);
     if (noteLeft >= left + TextWidth(m_fonts.caption, title) + U(8)) // else it would stand on the title
-        Text(noteLeft, baseline, Align::Left, m_fonts.note, m_palette.label, note);
+        Text(noteLeft, baseline, Align::Left, m_fonts.note, m_colours.label, note);
     return {box.left + 1, caption.bottom, box.right - 1, box.bottom - 1};
 }
 
 COLORREF CPainter::ValueColour(Freshness state) const noexcept
 {
-    return state == Freshness::Live ? m_palette.text : m_palette.stale;
+    return state == Freshness::Live ? m_colours.text : m_colours.stale;
 }
 
 } // namespace demo

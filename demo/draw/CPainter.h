@@ -4,8 +4,8 @@
 #include "demo/detail/Canvas.h"
 #include "demo/detail/Path.h"
 #include "demo/detail/Playback.h"
+#include "demo/draw/ColourSet.h"
 #include "demo/draw/FontSet.h"
-#include "demo/draw/Palette.h"
 #include "resources/Skins.h"
 
 #include <afxwin.h>
@@ -37,7 +37,7 @@ class CPainter
 public:
     /** @param scale  pixels of the display in a pixel that the instruments were drawn for
      *  @param dpi  of the monitor, for captions, bars and skins */
-    CPainter(CDC& dc, Canvas canvas, FontSet& fonts, const Palette& palette, double scale, CDpi dpi);
+    CPainter(CDC& dc, Canvas canvas, FontSet& fonts, const ColourSet& colours, double scale, CDpi dpi);
     ~CPainter();
 
     CPainter(const CPainter&) = delete;
@@ -45,7 +45,7 @@ public:
 
     CDC& Dc() noexcept { return m_dc; }
     FontSet& Fonts() noexcept { return m_fonts; }
-    const Palette& Colours() const noexcept { return m_palette; }
+    const ColourSet& Colours() const noexcept { return m_colours; }
 
     /** A length in the display's own pixels, scaled. */
     double S(double pixels) const noexcept { return pixels * m_scale; }
@@ -54,8 +54,13 @@ public:
     /** A length in layout units, in pixels. */
     int U(int units) const noexcept { return m_dpi.ToPx(units); }
 
-    /** @name Pieces of the library's skins, see DrawSkin() and StampSkin() @{ */
+    /** @name Pieces of the library's skins, see CPainterSkins.cpp
+     *  @param cell  which of the pieces that stand side by side, from 0 @{ */
+    /** Copies a piece into `box`, stretching what lies between its margins; these are as wide as the dots per
+     * inch ask for. */
     void Skin(const Box& box, CDC& skin, const vant::skins::Region& piece, int cell = 0);
+    /** Copies a piece in its own size in units, with its upper left corner at the pixel (x, y), leaving out
+     * the background around it. */
     void Stamp(int x, int y, CDC& skin, const vant::skins::Region& piece, int cell = 0);
     /** @} */
 
@@ -101,7 +106,7 @@ private:
     CDC& m_dc;
     Canvas m_canvas;
     FontSet& m_fonts;
-    const Palette& m_palette;
+    const ColourSet& m_colours;
     double m_scale;
     CDpi m_dpi;
     int m_saved;

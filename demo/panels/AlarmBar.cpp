@@ -13,11 +13,11 @@ namespace
 constexpr int lampMargin = 12;
 constexpr int textGap = 28;
 
-std::wstring AlarmText(const View& view, AlarmId id)
+std::wstring AlarmText(const Readout& readout, AlarmId id)
 {
-    const Playback& playback = view.playback;
+    const Playback& playback = readout.playback;
     if (id == AlarmId::ShallowWater) {
-        const double depth = view.values.Value(Quantity::DepthBelowSurface).GetVal();
+        const double depth = readout.values.Value(Quantity::DepthBelowSurface).GetVal();
         return IsMissing(depth) ? std::wstring(L"Shallow water when last sounded")
                                 : ShallowText(depth, playback.Alarms().ShallowLimit());
     }
@@ -28,14 +28,14 @@ std::wstring AlarmText(const View& view, AlarmId id)
 
 } // namespace
 
-void PaintAlarms(CPainter& painter, const Box& box, const View& view)
+void PaintAlarms(CPainter& painter, const Box& box, const Readout& readout)
 {
     namespace skins = vant::skins;
-    const Palette& colours = painter.Colours();
+    const ColourSet& colours = painter.Colours();
     std::vector<std::wstring> texts;
     for (const AlarmId id : alarmIds)
-        if (view.playback.Alarms().IsOn(id))
-            texts.push_back(AlarmText(view, id));
+        if (readout.playback.Alarms().IsOn(id))
+            texts.push_back(AlarmText(readout, id));
 
     const bool isOn = !texts.empty();
     const int lampLeft = box.left + painter.U(lampMargin);
@@ -59,9 +59,9 @@ void PaintAlarms(CPainter& painter, const Box& box, const View& view)
         painter.Text(x, baseline, Align::Left, painter.Fonts().line, colours.text, text);
         x += painter.TextWidth(painter.Fonts().line, text) + gap;
     }
-    const std::wstring summary = std::to_wstring(view.alarms) + (view.alarms == 1 ? L" alarm" : L" alarms") +
-                                 L" since the start,  shallow below " +
-                                 DepthText(view.playback.Alarms().ShallowLimit());
+    const std::wstring summary =
+        std::to_wstring(readout.alarms) + (readout.alarms == 1 ? L" alarm" : L" alarms") +
+        L" since the start,  shallow below " + DepthText(readout.playback.Alarms().ShallowLimit());
     painter.Text(box.right - painter.U(14), baseline, Align::Right, painter.Fonts().note,
                  isOn ? colours.text : colours.label, summary);
 }

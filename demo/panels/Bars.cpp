@@ -14,7 +14,7 @@ namespace
 namespace skins = vant::skins;
 
 /** The tape's bar: how much of it has been played. @return its left end */
-int PaintProgress(CPainter& painter, const Box& box, const View& view)
+int PaintProgress(CPainter& painter, const Box& box, const Readout& readout)
 {
     constexpr int width = 180;
     const int height = painter.U(skins::process::track.h);
@@ -24,10 +24,11 @@ int PaintProgress(CPainter& painter, const Box& box, const View& view)
     const Box bar{left, top, right, top + height};
     painter.Skin(bar, Vant::process, skins::process::track);
 
-    const double part = view.duration > 0.0 ? std::min(view.playback.Time() / view.duration, 1.0) : 1.0;
-    const skins::Region& fill = view.playback.AtEnd() ? skins::process::done
-                                : view.paused         ? skins::process::paused
-                                                      : skins::process::running;
+    const double part =
+        readout.duration > 0.0 ? std::min(readout.playback.Time() / readout.duration, 1.0) : 1.0;
+    const skins::Region& fill = readout.playback.AtEnd() ? skins::process::done
+                                : readout.paused         ? skins::process::paused
+                                                         : skins::process::running;
     CDC& dc = painter.Dc();
     const int saved = dc.SaveDC();
     dc.IntersectClipRect(left, top, left + static_cast<int>(std::lround((right - left) * part)),
@@ -37,20 +38,20 @@ int PaintProgress(CPainter& painter, const Box& box, const View& view)
     return left;
 }
 
-std::wstring StateText(const View& view)
+std::wstring StateText(const Readout& readout)
 {
-    if (view.playback.AtEnd())
+    if (readout.playback.AtEnd())
         return L"END OF LOG";
-    const double whole = std::round(view.rate);
-    const std::wstring rate = FixedText(view.rate, view.rate == whole ? 0 : 1) + L"\u00D7";
-    return (view.paused ? L"PAUSED  " : L"PLAYING  ") + rate;
+    const double whole = std::round(readout.rate);
+    const std::wstring rate = FixedText(readout.rate, readout.rate == whole ? 0 : 1) + L"\u00D7";
+    return (readout.paused ? L"PAUSED  " : L"PLAYING  ") + rate;
 }
 
 } // namespace
 
-void PaintHeader(CPainter& painter, const Box& box, const View& view)
+void PaintHeader(CPainter& painter, const Box& box, const Readout& readout)
 {
-    const Palette& colours = painter.Colours();
+    const ColourSet& colours = painter.Colours();
     FontSet& fonts = painter.Fonts();
     painter.Skin(box, Vant::grad2, skins::grad2::heading);
 
@@ -61,43 +62,43 @@ void PaintHeader(CPainter& painter, const Box& box, const View& view)
     painter.TextWithin(left, middle + painter.U(17), clockLeft - left - painter.U(8), fonts.note,
                        colours.label,
                        L"VantCore " + std::wstring(static_cast<LPCWSTR>(Vant::swVer)) + L", playing " +
-                           std::wstring(view.source));
+                           std::wstring(readout.source));
 
-    const Freshness state = view.playback.State(Quantity::UtcTime);
-    const double seen = view.playback.Value(Quantity::UtcTime);
-    const double age = view.playback.Age(Quantity::UtcTime);
+    const Freshness state = readout.playback.State(Quantity::UtcTime);
+    const double seen = readout.playback.Value(Quantity::UtcTime);
+    const double age = readout.playback.Age(Quantity::UtcTime);
     const double clock = state == Freshness::None ? missing : state == Freshness::Live ? seen + age : seen;
     painter.Value(box.CentreX(), middle + painter.U(12), Align::Centre, fonts.clock,
                   {ClockText(clock), L"UTC", state});
 
-    const int barLeft = PaintProgress(painter, box, view);
+    const int barLeft = PaintProgress(painter, box, readout);
     const double right = barLeft - painter.U(14);
     painter.Text(right, middle - painter.U(4), Align::Right, fonts.line,
-                 view.playback.AtEnd() ? colours.label : colours.text, StateText(view));
+                 readout.playback.AtEnd() ? colours.label : colours.text, StateText(readout));
     painter.Text(right, middle + painter.U(15), Align::Right, fonts.line, colours.label,
-                 DurationText(std::min(view.playback.Time(), view.duration)) + L" of " +
-                     DurationText(view.duration));
+                 DurationText(std::min(readout.playback.Time(), readout.duration)) + L" of " +
+                     DurationText(readout.duration));
 }
 
-void PaintFooter(CPainter& painter, const Box& box, const View& view)
+void PaintFooter(CPainter& painter, const Box& box, const Readout& readout)
 {
     struct Key {
         std::wstring_view key;
         std::wstring_view meaning;
     };
     const Key keys[] = {
-        {L"Space", view.paused ? L"play" : L"pause"},
+        {L"Space", readout.paused ? L"play" : L"pause"},
         {L"+", L"faster"},
         {L"\u2212", L"slower"},
         {L"R", L"restart"},
-        {L"H", view.headingUp ? L"north up" : L"heading up"},
+        {L"H", readout.headingUp ? L"north up" : L"heading up"},
         {L"D", L"depth span"},
         {L"U", EUnits::system == 0 ? L"US units" : L"metric units"},
         {L"C", L"chart"},
         {L"O", L"orbit"},
         {L"P", L"palette"},
         {L"M", L"survey"},
-        {L"V", view.recording ? L"stop video" : L"video"},
+        {L"V", readout.recording ? L"stop video" : L"video"},
         {L"S", L"picture"},
         {L"F6", L"window"},
         {L"Tab", L"control"},
@@ -123,7 +124,7 @@ void PaintFooter(CPainter& painter, const Box& box, const View& view)
         x += painter.TextWidth(fonts.note, key.meaning) + painter.U(16);
     }
 
-    const LineCounts& counts = view.playback.Counts();
+    const LineCounts& counts = readout.playback.Counts();
     const std::wstring read =
         std::to_wstring(counts.read) + L" read,  " + std::to_wstring(counts.rejected) + L" rejected";
     const int right = box.right - painter.U(14);

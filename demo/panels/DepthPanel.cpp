@@ -79,11 +79,11 @@ void PaintLimit(CPainter& painter, const Box& graph, const Scale& scale, double 
                  painter.Colours().port, L"limit");
 }
 
-void PaintGraph(CPainter& painter, const Box& graph, const View& view)
+void PaintGraph(CPainter& painter, const Box& graph, const Readout& readout)
 {
-    const Palette& colours = painter.Colours();
+    const ColourSet& colours = painter.Colours();
     painter.Solid(graph, colours.deep);
-    const Profile profile = ProfileOf(view.playback, view.depthSpan);
+    const Profile profile = ProfileOf(readout.playback, readout.depthSpan);
     const bool known = !IsMissing(profile.deepest);
     const double shallowest = known ? DisplayLength(profile.shallowest) : 0.0;
     const double deepest = known ? DisplayLength(profile.deepest) : leastDepth;
@@ -104,7 +104,7 @@ void PaintGraph(CPainter& painter, const Box& graph, const View& view)
         const bool inside = i > 0 && i < columns;
         if (inside)
             painter.Solid({x, graph.top, x + 1, graph.bottom}, colours.grid);
-        const std::wstring text = i == 0 ? L"now" : L"\u2212" + DurationText(view.depthSpan * i / columns);
+        const std::wstring text = i == 0 ? L"now" : L"\u2212" + DurationText(readout.depthSpan * i / columns);
         painter.Text(x, graph.bottom + painter.S(15),
                      i == 0   ? Align::Right
                      : inside ? Align::Centre
@@ -119,30 +119,30 @@ void PaintGraph(CPainter& painter, const Box& graph, const View& view)
             PaintRun(painter, graph, run);
             continue;
         }
-        const double age = view.playback.Time() - sample.time;
-        run.push_back({graph.right - age / view.depthSpan * graph.Width(),
+        const double age = readout.playback.Time() - sample.time;
+        run.push_back({graph.right - age / readout.depthSpan * graph.Width(),
                        scale.Map(DisplayLength(sample.depth), graph.top, graph.bottom)});
     }
     PaintRun(painter, graph, run);
     painter.ClearClip();
-    PaintLimit(painter, graph, scale, view.playback.Alarms().ShallowLimit());
+    PaintLimit(painter, graph, scale, readout.playback.Alarms().ShallowLimit());
 }
 
 } // namespace
 
-void PaintDepth(CPainter& painter, const Box& box, const View& view)
+void PaintDepth(CPainter& painter, const Box& box, const Readout& readout)
 {
-    const Playback& playback = view.playback;
+    const Playback& playback = readout.playback;
     const Box inside = painter.Panel(box, L"DEPTH", L"below the surface", playback.State(Sensor::Depth));
 
     const double baseline = inside.top + painter.S(88);
     painter.Value(inside.left + painter.S(16), baseline, Align::Left, Vant::largeF,
-                  Show(view, Quantity::DepthBelowSurface).WithUnit());
+                  Show(readout, Quantity::DepthBelowSurface).WithUnit());
 
     const double right = inside.right - painter.S(16);
     painter.Labelled(right, inside.top + painter.S(40), Align::Right, L"below the transducer",
-                     painter.Fonts().value, Show(view, Quantity::DepthBelowTransducer).WithUnit());
-    const Profile profile = ProfileOf(playback, view.depthSpan);
+                     painter.Fonts().value, Show(readout, Quantity::DepthBelowTransducer).WithUnit());
+    const Profile profile = ProfileOf(playback, readout.depthSpan);
     const std::wstring spread = ShownValues::LengthText(profile.shallowest, 1) + L" \u2013 " +
                                 ShownValues::LengthText(profile.deepest, 1);
     painter.Labelled(
@@ -151,7 +151,7 @@ void PaintDepth(CPainter& painter, const Box& box, const View& view)
 
     const Box graph{inside.left + painter.I(44), inside.top + painter.I(112), inside.right - painter.I(16),
                     inside.bottom - painter.I(24)};
-    PaintGraph(painter, graph, view);
+    PaintGraph(painter, graph, readout);
 }
 
 } // namespace demo

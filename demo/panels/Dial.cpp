@@ -18,7 +18,7 @@ Dial Dial::In(const Box& inside, double margin) noexcept
 
 void PaintDialFace(CPainter& painter, const Dial& dial)
 {
-    const Palette& colours = painter.Colours();
+    const ColourSet& colours = painter.Colours();
     Path disc;
     disc.AddCircle(dial.centre, dial.radius);
     painter.Fill(disc, InkOf(colours.deep));

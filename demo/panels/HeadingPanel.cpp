@@ -42,18 +42,18 @@ void PaintRose(CPainter& painter, const Dial& dial, double pointer)
 
 } // namespace
 
-void PaintHeading(CPainter& painter, const Box& box, const View& view)
+void PaintHeading(CPainter& painter, const Box& box, const Readout& readout)
 {
-    const Playback& playback = view.playback;
-    const Palette& colours = painter.Colours();
+    const Playback& playback = readout.playback;
+    const ColourSet& colours = painter.Colours();
     const Freshness state = playback.State(Sensor::Heading);
-    const Box inside = painter.Panel(box, L"HEADING", view.headingUp ? L"heading up" : L"north up", state);
+    const Box inside = painter.Panel(box, L"HEADING", readout.headingUp ? L"heading up" : L"north up", state);
 
     const bool known = state != Freshness::None;
     const double heading = known ? playback.Value(Quantity::Heading) : 0.0;
     Dial dial = Dial::In(inside, painter.S(24.0));
     dial.centre.y -= painter.S(6.0);
-    dial.top = view.headingUp ? heading : 0.0;
+    dial.top = readout.headingUp ? heading : 0.0;
     PaintDialFace(painter, dial);
     PaintRose(painter, dial, known ? heading : missing);
 
@@ -70,7 +70,7 @@ void PaintHeading(CPainter& painter, const Box& box, const View& view)
     painter.Labelled(inside.left + painter.S(14), baseline, Align::Left, L"COG", colours.accent,
                      painter.Fonts().value, ShowBearing(playback, Quantity::CourseOverGround).WithUnit());
     painter.Labelled(inside.right - painter.S(14), baseline, Align::Right, L"rate of turn",
-                     painter.Fonts().value, Show(view, Quantity::TurnRate).WithUnit());
+                     painter.Fonts().value, Show(readout, Quantity::TurnRate).WithUnit());
 }
 
 } // namespace demo

@@ -4,10 +4,10 @@
 namespace demo
 {
 
-void PaintMotion(CPainter& painter, const Box& box, const View& view)
+void PaintMotion(CPainter& painter, const Box& box, const Readout& readout)
 {
-    const Playback& playback = view.playback;
-    const ShownValues& values = view.values;
+    const Playback& playback = readout.playback;
+    const ShownValues& values = readout.values;
     const Freshness water = playback.State(Sensor::WaterSpeed);
     const Freshness temperature = playback.State(Sensor::Temperature);
     const Box inside = painter.Panel(box, L"SPEED AND WATER", L"", std::max(water, temperature));
@@ -18,12 +18,13 @@ void PaintMotion(CPainter& painter, const Box& box, const View& view)
         std::wstring further;
     };
     const Tile tiles[] = {
-        {L"over ground", Show(view, Quantity::SpeedOverGround), values.KnotsText(Quantity::SpeedOverGround)},
-        {L"through water", Show(view, Quantity::SpeedThroughWater),
+        {L"over ground", Show(readout, Quantity::SpeedOverGround),
+         values.KnotsText(Quantity::SpeedOverGround)},
+        {L"through water", Show(readout, Quantity::SpeedThroughWater),
          values.KnotsText(Quantity::SpeedThroughWater)},
         {L"true wind", ShowFromBow(playback, Quantity::TrueWindAngle),
          values.KnotsText(Quantity::TrueWindSpeed)},
-        {L"temperature", Show(view, Quantity::WaterTemperature), L""},
+        {L"temperature", Show(readout, Quantity::WaterTemperature), L""},
     };
     const int halfWidth = inside.Width() / 2;
     const int halfHeight = inside.Height() / 2;

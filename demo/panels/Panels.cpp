@@ -8,9 +8,9 @@
 namespace demo
 {
 
-Shown Show(const View& view, Quantity quantity)
+Shown Show(const Readout& readout, Quantity quantity)
 {
-    return {view.values.Text(quantity), view.playback.State(quantity), view.values.Unit(quantity)};
+    return {readout.values.Text(quantity), readout.playback.State(quantity), readout.values.Unit(quantity)};
 }
 
 Shown ShowBearing(const Playback& playback, Quantity quantity)

@@ -37,9 +37,9 @@ std::wstring_view FixName(double quality) noexcept
 
 } // namespace
 
-void PaintPosition(CPainter& painter, const Box& box, const View& view)
+void PaintPosition(CPainter& painter, const Box& box, const Readout& readout)
 {
-    const Playback& playback = view.playback;
+    const Playback& playback = readout.playback;
     const Freshness state = playback.State(Sensor::Position);
     const Box inside = painter.Panel(box, L"POSITION", L"WGS 84", state);
     const bool known = state != Freshness::None;
@@ -78,9 +78,9 @@ void PaintPosition(CPainter& painter, const Box& box, const View& view)
     painter.Labelled(left, baseline, Align::Left, L"fix", painter.Fonts().value,
                      {FixName(quality), L"", fixState});
     painter.Labelled(inside.left + inside.Width() * 0.62, baseline, Align::Centre, L"satellites",
-                     painter.Fonts().value, Show(view, Quantity::Satellites).WithUnit());
+                     painter.Fonts().value, Show(readout, Quantity::Satellites).WithUnit());
     painter.Labelled(right, baseline, Align::Right, L"HDOP", painter.Fonts().value,
-                     Show(view, Quantity::Hdop).WithUnit());
+                     Show(readout, Quantity::Hdop).WithUnit());
 }
 
 } // namespace demo

@@ -1,4 +1,4 @@
-#include "demo/detail/ChartView.h"
+#include "demo/detail/TrackMap.h"
 #include "demo/panels/Panels.h"
 
 #include <cmath>
@@ -12,19 +12,19 @@ namespace
 constexpr std::size_t brightPoints = 60; // the last ones are drawn brighter
 constexpr double leastFootprint = 9.0;   // beside the boat; nearer it would be under the hull
 
-void PaintGrid(CPainter& painter, const Box& chart, const ChartView& view)
+void PaintGrid(CPainter& painter, const Box& area, const TrackMap& map)
 {
     const COLORREF colour = painter.Colours().grid;
-    const Point origin = view.GridOrigin();
-    const double mesh = view.GridPixels();
-    for (double x = origin.x - std::floor((origin.x - chart.left) / mesh) * mesh; x < chart.right; x += mesh)
-        painter.Solid({static_cast<int>(x), chart.top, static_cast<int>(x) + 1, chart.bottom}, colour);
-    for (double y = origin.y - std::floor((origin.y - chart.top) / mesh) * mesh; y < chart.bottom; y += mesh)
-        painter.Solid({chart.left, static_cast<int>(y), chart.right, static_cast<int>(y) + 1}, colour);
+    const Point origin = map.GridOrigin();
+    const double mesh = map.GridPixels();
+    for (double x = origin.x - std::floor((origin.x - area.left) / mesh) * mesh; x < area.right; x += mesh)
+        painter.Solid({static_cast<int>(x), area.top, static_cast<int>(x) + 1, area.bottom}, colour);
+    for (double y = origin.y - std::floor((origin.y - area.top) / mesh) * mesh; y < area.bottom; y += mesh)
+        painter.Solid({area.left, static_cast<int>(y), area.right, static_cast<int>(y) + 1}, colour);
 }
 
 /** The track from point `first` on, in the pieces that drop-outs left of it. */
-Path TrackPath(const History<TrackPoint>& track, std::size_t first, const ChartView& view, double width)
+Path TrackPath(const History<TrackPoint>& track, std::size_t first, const TrackMap& map, double width)
 {
     Path path;
     std::vector<Point> run;
@@ -33,7 +33,7 @@ Path TrackPath(const History<TrackPoint>& track, std::size_t first, const ChartV
             path.AddPolyline(run, width);
             run.clear();
         }
-        run.push_back(view.Pixel(track[i].latitude, track[i].longitude));
+        run.push_back(map.Pixel(track[i].latitude, track[i].longitude));
     }
     path.AddPolyline(run, width);
     return path;
@@ -72,35 +72,34 @@ void PaintFootprint(CPainter& painter, const Playback& playback, Point boat, dou
     painter.Fill(mark, InkOf(painter.Colours().label, 0.9));
 }
 
-void PaintScaleBar(CPainter& painter, const Box& chart, const ChartView& view)
+void PaintScaleBar(CPainter& painter, const Box& area, const TrackMap& map)
 {
-    const Palette& colours = painter.Colours();
-    const int left = chart.left + painter.I(14);
-    const int right = left + static_cast<int>(std::lround(view.GridPixels()));
-    const int y = chart.bottom - painter.I(14);
+    const ColourSet& colours = painter.Colours();
+    const int left = area.left + painter.I(14);
+    const int right = left + static_cast<int>(std::lround(map.GridPixels()));
+    const int y = area.bottom - painter.I(14);
     painter.Solid({left, y, right, y + 2}, colours.label);
     painter.Solid({left, y - painter.I(5), left + 2, y + 2}, colours.label);
     painter.Solid({right - 2, y - painter.I(5), right, y + 2}, colours.label);
     painter.Text((left + right) / 2.0, y - painter.S(6), Align::Centre, painter.Fonts().small, colours.label,
-                 ShownValues::LengthText(view.GridMetres(), 0) + L" " + UnitText(lengthUnit));
+                 ShownValues::LengthText(map.GridMetres(), 0) + L" " + UnitText(lengthUnit));
 }
 
 /** How far the boat is beside the planned route. */
-void PaintCrossTrack(CPainter& painter, const Box& chart, const View& view)
+void PaintCrossTrack(CPainter& painter, const Box& area, const Readout& readout)
 {
-    if (IsMissing(view.crossTrack))
+    if (IsMissing(readout.crossTrack))
         return;
-    const std::wstring text = ShownValues::LengthText(std::abs(view.crossTrack), 1);
-    const std::wstring unit = UnitText(lengthUnit) + (view.crossTrack < 0.0 ? L" port" : L" stbd");
-    painter.Labelled(chart.right - painter.S(14), chart.bottom - painter.S(14), Align::Right,
-                     L"off the route", painter.Fonts().value,
-                     {text, unit, view.playback.State(Sensor::Position)});
+    const std::wstring text = ShownValues::LengthText(std::abs(readout.crossTrack), 1);
+    const std::wstring unit = UnitText(lengthUnit) + (readout.crossTrack < 0.0 ? L" port" : L" stbd");
+    painter.Labelled(area.right - painter.S(14), area.bottom - painter.S(14), Align::Right, L"off the route",
+                     painter.Fonts().value, {text, unit, readout.playback.State(Sensor::Position)});
 }
 
-void PaintNorth(CPainter& painter, const Box& chart)
+void PaintNorth(CPainter& painter, const Box& area)
 {
     const double s = painter.S(1.0);
-    const Point at{chart.right - 20 * s, chart.top + 34 * s};
+    const Point at{area.right - 20 * s, area.top + 34 * s};
     const Point arrow[] = {{0, -12 * s}, {5 * s, 4 * s}, {0, 1 * s}, {-5 * s, 4 * s}};
     Path path;
     path.AddPolygon(arrow);
@@ -111,39 +110,39 @@ void PaintNorth(CPainter& painter, const Box& chart)
 
 } // namespace
 
-void PaintTrack(CPainter& painter, const Box& box, const View& view)
+void PaintTrack(CPainter& painter, const Box& box, const Readout& readout)
 {
-    const Playback& playback = view.playback;
+    const Playback& playback = readout.playback;
     const Freshness state = playback.State(Sensor::Position);
     const Box inside = painter.Panel(box, L"TRACK", L"north up", state);
-    const Box chart = inside.Inset(painter.I(8), painter.I(8));
-    painter.Solid(chart, painter.Colours().deep);
+    const Box area = inside.Inset(painter.I(8), painter.I(8));
+    painter.Solid(area, painter.Colours().deep);
 
     const History<TrackPoint>& track = playback.Track();
-    const ChartView chartView(track, chart, LengthUnitMetres());
-    if (chartView.IsEmpty()) {
-        painter.Text(chart.CentreX(), chart.CentreY(), Align::Centre, painter.Fonts().value,
+    const TrackMap map(track, area, LengthUnitMetres());
+    if (map.IsEmpty()) {
+        painter.Text(area.CentreX(), area.CentreY(), Align::Centre, painter.Fonts().value,
                      painter.Colours().stale, L"no position yet");
         return;
     }
 
-    PaintGrid(painter, chart, chartView);
-    painter.SetClip(chart);
+    PaintGrid(painter, area, map);
+    painter.SetClip(area);
     const COLORREF accent = painter.Colours().accent;
-    painter.Fill(TrackPath(track, 0, chartView, painter.S(2.0)), InkOf(accent, 0.55));
+    painter.Fill(TrackPath(track, 0, map, painter.S(2.0)), InkOf(accent, 0.55));
     const std::size_t bright = track.Size() > brightPoints ? track.Size() - brightPoints : 0;
-    painter.Fill(TrackPath(track, bright, chartView, painter.S(2.4)), InkOf(accent));
+    painter.Fill(TrackPath(track, bright, map, painter.S(2.4)), InkOf(accent));
 
     const TrackPoint& last = track.Last();
     const bool headingKnown = playback.State(Quantity::Heading) != Freshness::None;
     const double bearing = headingKnown ? playback.Value(Quantity::Heading) : 0.0;
-    const Point boat = chartView.Pixel(last.latitude, last.longitude);
-    PaintFootprint(painter, playback, boat, bearing, chartView.GridPixels() / chartView.GridMetres());
+    const Point boat = map.Pixel(last.latitude, last.longitude);
+    PaintFootprint(painter, playback, boat, bearing, map.GridPixels() / map.GridMetres());
     PaintBoat(painter, boat, bearing, state);
-    PaintNorth(painter, chart);
+    PaintNorth(painter, area);
     painter.ClearClip();
-    PaintScaleBar(painter, chart, chartView);
-    PaintCrossTrack(painter, chart, view);
+    PaintScaleBar(painter, area, map);
+    PaintCrossTrack(painter, area, readout);
 }
 
 } // namespace demo

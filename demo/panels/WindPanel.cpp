@@ -49,10 +49,10 @@ void PaintAngles(CPainter& painter, const Dial& dial, double pointer)
 
 } // namespace
 
-void PaintWind(CPainter& painter, const Box& box, const View& view)
+void PaintWind(CPainter& painter, const Box& box, const Readout& readout)
 {
-    const Playback& playback = view.playback;
-    const Palette& colours = painter.Colours();
+    const Playback& playback = readout.playback;
+    const ColourSet& colours = painter.Colours();
     const Freshness state = playback.State(Sensor::Wind);
     const Box inside = painter.Panel(box, L"WIND", L"apparent, from the bow", state);
 
@@ -73,19 +73,19 @@ void PaintWind(CPainter& painter, const Box& box, const View& view)
         PaintPointer(painter, dial, angle, painter.ValueColour(angleState));
 
     painter.Value(dial.centre.x, dial.centre.y + painter.S(17), Align::Centre, painter.Fonts().dial,
-                  Show(view, Quantity::ApparentWindSpeed).Bare());
+                  Show(readout, Quantity::ApparentWindSpeed).Bare());
     painter.Text(dial.centre.x, dial.centre.y + painter.S(38), Align::Centre, painter.Fonts().small,
-                 colours.label, view.values.Unit(Quantity::ApparentWindSpeed));
+                 colours.label, readout.values.Unit(Quantity::ApparentWindSpeed));
     painter.Text(dial.centre.x, dial.centre.y + painter.S(62), Align::Centre, painter.Fonts().label,
                  painter.ValueColour(playback.State(Quantity::ApparentWindSpeed)),
-                 view.values.KnotsText(Quantity::ApparentWindSpeed));
+                 readout.values.KnotsText(Quantity::ApparentWindSpeed));
 
     const double baseline = inside.bottom - painter.S(12);
     const Shown shownAngle = ShowFromBow(playback, Quantity::ApparentWindAngle);
     painter.Labelled(inside.left + painter.S(14), baseline, Align::Left, L"apparent", painter.Fonts().value,
                      shownAngle.WithUnit());
     painter.Labelled(inside.right - painter.S(14), baseline, Align::Right, L"true", colours.accent,
-                     painter.Fonts().value, Show(view, Quantity::TrueWindSpeed).WithUnit());
+                     painter.Fonts().value, Show(readout, Quantity::TrueWindSpeed).WithUnit());
 }
 
 } // namespace demo

@@ -1,7 +1,7 @@
 #include "demo/scene/CSeaBedMdl.h"
 
 #include "colour/CPal.h"
-#include "demo/draw/Palette.h"
+#include "demo/draw/ColourSet.h"
 #include "display/CDsp.h"
 #include "display/CMdlInf.h"
 #include "platform/Vant.h"

@@ -1,6 +1,6 @@
 #include "demo/scene/CSeaMdl.h"
 
-#include "demo/draw/Palette.h"
+#include "demo/draw/ColourSet.h"
 #include "display/CDsp.h"
 #include "display/CMdlInf.h"
 #include "platform/Vant.h"

@@ -14,7 +14,7 @@ class CPopup : public Base
 {
 public:
     /** @param title  of the window; not copied  @param place  see PopupFrame */
-    CPopup(const wchar_t* title, Session& session, ViewPlace& place)
+    CPopup(const wchar_t* title, Session& session, PopupPlace& place)
         : m_frame(*this, session, place)
         , m_title(title)
     {

@@ -11,7 +11,7 @@ class PopupFrame
 {
 public:
     /** All of them outlive it. @param place  what is remembered of the window */
-    PopupFrame(CWnd& wnd, Session& session, ViewPlace& place)
+    PopupFrame(CWnd& wnd, Session& session, PopupPlace& place)
         : m_wnd(wnd)
         , m_session(session)
         , m_place(place)
@@ -34,7 +34,7 @@ public:
 private:
     CWnd& m_wnd;
     Session& m_session;
-    ViewPlace& m_place;
+    PopupPlace& m_place;
 };
 
 } // namespace demo

@@ -71,9 +71,9 @@ Box FirstPlace() noexcept
     return BridgePlace(size.cx, size.cy, whole.cy, MainWorkArea(), ScaleOf(dpi));
 }
 
-ViewPlaces FirstPlacesOfViews(const Box& bridge, CDpi dpi) noexcept
+PopupPlaces FirstPlacesOfPopups(const Box& bridge, CDpi dpi) noexcept
 {
-    return ViewPlaces::Beside(bridge, MainWorkArea(), ScaleOf(dpi));
+    return PopupPlaces::Beside(bridge, MainWorkArea(), ScaleOf(dpi));
 }
 
 Box PlaceAgain(const Box& saved)

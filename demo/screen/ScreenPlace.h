@@ -1,7 +1,7 @@
 #pragma once
 
 #include "controls/CDpi.h"
-#include "demo/detail/ViewPlaces.h"
+#include "demo/detail/PopupPlaces.h"
 
 #include <afxwin.h>
 
@@ -18,11 +18,11 @@ CSize FrameAround(int width, int height, CDpi dpi) noexcept;
  * many as let its least size fit there. */
 CDpi DpiThatFits(HWND wnd, CDpi asked) noexcept;
 
-/** Where the main window goes when it was never open: onto the main screen, with room for the views. */
+/** Where the main window goes when it was never open: onto the main screen, with room for the popups. */
 Box FirstPlace() noexcept;
 
-/** Where the views go that were never open. @param bridge  the main window, pixels */
-ViewPlaces FirstPlacesOfViews(const Box& bridge, CDpi dpi) noexcept;
+/** Where the popups go that were never open. @param bridge  the main window, pixels */
+PopupPlaces FirstPlacesOfPopups(const Box& bridge, CDpi dpi) noexcept;
 
 /** Where a window goes that was last open at `saved`: there, as far as the monitors of today allow it. */
 Box PlaceAgain(const Box& saved);

@@ -62,7 +62,7 @@ fs::path CopyBeside(const fs::path& path, const std::wstring& why)
     return {};
 }
 
-void Exchange(CESetObj& obj, const CString& prefix, ViewPlace& place)
+void Exchange(CESetObj& obj, const CString& prefix, PopupPlace& place)
 {
     obj.Item(prefix + L"Open", place.open);
     obj.Item(prefix + L"Left", place.box.left);

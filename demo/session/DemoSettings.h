@@ -13,8 +13,8 @@ class CESetObj;
 namespace demo
 {
 
-/** What is remembered of a view's window. */
-struct ViewPlace {
+/** What is remembered of a window beside the bridge. */
+struct PopupPlace {
     int open = 1; ///< non-zero: it is shown
     Box box;      ///< its place on the screen, pixels; empty before it was ever shown
 };
@@ -35,13 +35,13 @@ struct DemoSettings {
     int runs = 0;   ///< how often it has been started
     Box window; ///< place of the window while it is neither maximised nor an icon; empty before the first run
     int maximised = 0;
-    ViewPlace chart;
-    ViewPlace orbit;
-    ViewPlace colours;
-    ViewPlace survey{.open = 0, .box = {}}; ///< which lies over the bridge
+    PopupPlace chart;
+    PopupPlace orbit;
+    PopupPlace colours;
+    PopupPlace survey{.open = 0, .box = {}}; ///< which lies over the bridge
 
-    int headingUp = 1;        ///< see View
-    double depthSpan = 120.0; ///< seconds, see View
+    int headingUp = 1;        ///< see Readout
+    double depthSpan = 120.0; ///< seconds, see Readout
     double gain = 0.0;        ///< of the sea bed's colours, decibels
     int units = 0;            ///< unit system: 0 metric, 1 United States customary
 

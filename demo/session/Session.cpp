@@ -13,11 +13,19 @@ constexpr unsigned silent = 0x20; // of Vant::options: no sound at all
 
 } // namespace
 
-View Session::Shown() const
+Readout Session::Now() const
 {
-    return {
-        playback,           values, tape.Duration(), rate,     paused != 0, origin, settings.headingUp != 0,
-        settings.depthSpan, alarms, crossTrack,      recording};
+    return {.playback = playback,
+            .values = values,
+            .duration = tape.Duration(),
+            .rate = rate,
+            .paused = paused != 0,
+            .source = origin,
+            .headingUp = settings.headingUp != 0,
+            .depthSpan = settings.depthSpan,
+            .alarms = alarms,
+            .crossTrack = crossTrack,
+            .recording = recording};
 }
 
 void Session::Apply()

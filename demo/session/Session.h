@@ -2,10 +2,10 @@
 
 #include "demo/detail/Playback.h"
 #include "demo/detail/Tape.h"
-#include "demo/panels/Panels.h"
 #include "demo/run/CRunLog.h"
 #include "demo/session/CLogClock.h"
 #include "demo/session/DemoSettings.h"
+#include "demo/session/Readout.h"
 #include "demo/session/ShownValues.h"
 
 #include <afxwin.h>
@@ -46,7 +46,7 @@ struct Session {
     std::vector<std::wstring> pictures{}; ///< names of those that were
 
     /** What the panels show now. */
-    View Shown() const;
+    Readout Now() const;
 
     /** Lets the settings act: on the unit system, the alarms, the sounder and the sounds. */
     void Apply();

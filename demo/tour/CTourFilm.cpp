@@ -33,7 +33,7 @@ bool CTourFilm::Open(const CString& path, const Box& shape)
 {
     constexpr int bitsPerPixel = 24;
     constexpr int even = 2; // compressed films have even sides
-    m_palette = Palette::FromScheme();
+    m_colours = ColourSet::FromScheme();
     m_fonts.Make(1.0, CDpi());
     m_pictureHeight = width * shape.Height() / std::max(shape.Width(), 1) / even * even;
     const int height = m_pictureHeight + captionHeight;
@@ -83,7 +83,7 @@ void CTourFilm::PaintHand(const TourFrame& frame)
         const double radius = 6.0 + (largest - 6.0) * part;
         Path ring;
         ring.AddRing(at, radius - 3.0, radius);
-        canvas.Fill(ring, InkOf(m_palette.text, 0.9 * (1.0 - part)));
+        canvas.Fill(ring, InkOf(m_colours.text, 0.9 * (1.0 - part)));
     }
     for (const auto& [grown, colour] : {std::pair{edge, RGB(0, 0, 0)}, std::pair{0.0, RGB(255, 255, 255)}}) {
         Path path = ArrowPath(grown);
@@ -96,15 +96,15 @@ void CTourFilm::PaintCaption(const TourFrame& frame)
 {
     constexpr int line = 3; // the tour's progress, at the lower edge
     constexpr int mark = 5;
-    CPainter painter(m_buffer.Dc(), m_buffer.Surface(), m_fonts, m_palette, 1.0, CDpi());
+    CPainter painter(m_buffer.Dc(), m_buffer.Surface(), m_fonts, m_colours, 1.0, CDpi());
     const Box band{0, m_pictureHeight, width, m_pictureHeight + captionHeight};
     painter.Skin(band, Vant::grad2, vant::skins::grad2::heading);
-    painter.Solid({0, band.top, mark, band.bottom}, m_palette.accent);
-    painter.Text(22, band.CentreY() + 7, Align::Left, m_fonts.title, m_palette.text, frame.caption);
-    painter.Text(width - 18, band.CentreY() + 5, Align::Right, m_fonts.line, m_palette.label, L"VantCore");
-    painter.Solid({0, band.bottom - line, width, band.bottom}, m_palette.deep);
+    painter.Solid({0, band.top, mark, band.bottom}, m_colours.accent);
+    painter.Text(22, band.CentreY() + 7, Align::Left, m_fonts.title, m_colours.text, frame.caption);
+    painter.Text(width - 18, band.CentreY() + 5, Align::Right, m_fonts.line, m_colours.label, L"VantCore");
+    painter.Solid({0, band.bottom - line, width, band.bottom}, m_colours.deep);
     painter.Solid({0, band.bottom - line, static_cast<int>(std::lround(width * frame.played)), band.bottom},
-                  m_palette.accent);
+                  m_colours.accent);
 }
 
 } // namespace demo

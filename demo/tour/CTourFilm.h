@@ -1,8 +1,8 @@
 #pragma once
 
 #include "demo/draw/CBackBuffer.h"
+#include "demo/draw/ColourSet.h"
 #include "demo/draw/FontSet.h"
-#include "demo/draw/Palette.h"
 #include "media/CEAvi.h"
 
 #include <afxwin.h>
@@ -49,7 +49,7 @@ private:
     CBackBuffer m_buffer;
     CImage m_image; // what goes into the file: a quarter less than the buffer
     FontSet m_fonts;
-    Palette m_palette{};
+    ColourSet m_colours{};
     int m_pictureHeight = 0;
 };
 

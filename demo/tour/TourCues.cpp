@@ -7,6 +7,7 @@
 #include "demo/screen/ScreenPlace.h"
 #include "demo/script/Find.h"
 #include "platform/Vant.h"
+#include "resources/Skins.h"
 #include "windows/CCslAlm.h"
 
 #include <cmath>

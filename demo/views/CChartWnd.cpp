@@ -1,6 +1,6 @@
 #include "demo/views/CChartWnd.h"
 
-#include "demo/draw/Palette.h"
+#include "demo/draw/ColourSet.h"
 
 namespace demo
 {
@@ -16,7 +16,7 @@ IMPLEMENT_DYNAMIC(CChartWnd, CSceneWnd)
 CChartWnd::CChartWnd(Session& session, Scene& scene)
     : CSceneWnd(L"Chart", L"Chart", session, scene, session.settings.chart)
 {
-    backCol = Palette::FromScheme().deep;
+    backCol = ColourSet::FromScheme().deep;
     SetZoom(firstZoom);
     // From the north-west, as charts are shaded.
     SetLight(0, RGB(255, 250, 240), 0.45, {-0.6, 0.6, 0.7});

@@ -1,6 +1,6 @@
 #include "demo/views/COrbitWnd.h"
 
-#include "demo/draw/Palette.h"
+#include "demo/draw/ColourSet.h"
 #include "platform/Vant.h"
 
 #include <algorithm>

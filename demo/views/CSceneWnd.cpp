@@ -1,7 +1,7 @@
 #include "demo/views/CSceneWnd.h"
 
 #include "controls/CEMenu.h"
-#include "demo/draw/Palette.h"
+#include "demo/draw/ColourSet.h"
 #include "display/CDspMInf.h"
 #include "platform/Vant.h"
 
@@ -44,7 +44,7 @@ BEGIN_MESSAGE_MAP(CSceneWnd, CDsp)
 END_MESSAGE_MAP()
 
 CSceneWnd::CSceneWnd(const wchar_t* wndName, const wchar_t* title, Session& session, Scene& scene,
-                     ViewPlace& place)
+                     PopupPlace& place)
     : CPopup(title, session, place)
     , m_scene(scene)
     , m_drawsPictures(session.pbuffers)

@@ -18,7 +18,8 @@ class CSceneWnd : public CPopup<CDsp>
 
 public:
     /** @param place  see PopupFrame */
-    CSceneWnd(const wchar_t* wndName, const wchar_t* title, Session& session, Scene& scene, ViewPlace& place);
+    CSceneWnd(const wchar_t* wndName, const wchar_t* title, Session& session, Scene& scene,
+              PopupPlace& place);
 
     /** Follows the boat, or no longer. */
     void FollowBoat(bool follows);

@@ -1,6 +1,6 @@
-#include "demo/detail/ChartView.h"
 #include "demo/detail/Quantities.h"
 #include "demo/detail/Scale.h"
+#include "demo/detail/TrackMap.h"
 
 #include <gmock/gmock.h>
 
@@ -56,17 +56,17 @@ TEST(Scale, TurnsGoTheShortWay)
     EXPECT_NEAR(std::numbers::pi, TurnBetween(180.0 * degree, 0.0), 1e-12) << "never minus half a turn";
 }
 
-TEST(ChartView, ShowsTheWholeTrackNorthUp)
+TEST(TrackMap, ShowsTheWholeTrackNorthUp)
 {
     const Box box{100, 50, 500, 350};
     History<TrackPoint> track(10);
-    EXPECT_TRUE(ChartView(track, box).IsEmpty());
+    EXPECT_TRUE(TrackMap(track, box).IsEmpty());
     track.Add({54.0 * degree, 10.0 * degree, false});
     track.Add({54.002 * degree, 10.001 * degree, true});
-    const ChartView view(track, box);
-    ASSERT_FALSE(view.IsEmpty());
-    const Point first = view.Pixel(54.0 * degree, 10.0 * degree);
-    const Point last = view.Pixel(54.002 * degree, 10.001 * degree);
+    const TrackMap map(track, box);
+    ASSERT_FALSE(map.IsEmpty());
+    const Point first = map.Pixel(54.0 * degree, 10.0 * degree);
+    const Point last = map.Pixel(54.002 * degree, 10.001 * degree);
     EXPECT_GT(first.y, last.y);
     EXPECT_LT(first.x, last.x);
     for (const Point& p : {first, last}) {
@@ -77,31 +77,31 @@ TEST(ChartView, ShowsTheWholeTrackNorthUp)
     }
     // A metre is a metre in both directions: 0.002 degrees are 222.4 m north, 0.001 are 65.4 m east.
     EXPECT_NEAR(222.4 / 65.37, (first.y - last.y) / (last.x - first.x), 0.01);
-    EXPECT_GE(view.GridPixels(), 64.0);
+    EXPECT_GE(map.GridPixels(), 64.0);
 }
 
-TEST(ChartView, TheMeshIsRoundInTheUnitThatIsShown)
+TEST(TrackMap, TheMeshIsRoundInTheUnitThatIsShown)
 {
     constexpr double foot = 0.3048;
     History<TrackPoint> track(10);
     track.Add({54.0 * degree, 10.0 * degree, false});
     track.Add({54.002 * degree, 10.001 * degree, true});
-    const ChartView metres(track, {0, 0, 400, 300});
-    const ChartView feet(track, {0, 0, 400, 300}, foot);
+    const TrackMap metres(track, {0, 0, 400, 300});
+    const TrackMap feet(track, {0, 0, 400, 300}, foot);
     EXPECT_NEAR(100.0, metres.GridMetres(), 1e-9);
     EXPECT_NEAR(500.0, feet.GridMetres() / foot, 1e-9);
     EXPECT_NEAR(metres.GridPixels() / metres.GridMetres(), feet.GridPixels() / feet.GridMetres(), 1e-9);
     EXPECT_GE(feet.GridPixels(), 64.0);
 }
 
-TEST(ChartView, CrossesTheDateLine)
+TEST(TrackMap, CrossesTheDateLine)
 {
     History<TrackPoint> track(10);
     track.Add({10.0 * degree, 179.9995 * degree, false});
     track.Add({10.0 * degree, -179.9995 * degree, true});
-    const ChartView view(track, {0, 0, 400, 300});
-    const double apart = view.Pixel(track[1].latitude, track[1].longitude).x -
-                         view.Pixel(track[0].latitude, track[0].longitude).x;
+    const TrackMap map(track, {0, 0, 400, 300});
+    const double apart = map.Pixel(track[1].latitude, track[1].longitude).x -
+                         map.Pixel(track[0].latitude, track[0].longitude).x;
     EXPECT_GT(apart, 0.0);
     EXPECT_LT(apart, 400.0);
 }

@@ -1,5 +1,5 @@
 #include "demo/detail/WindowPlace.h"
-#include "demo/detail/ViewPlaces.h"
+#include "demo/detail/PopupPlaces.h"
 
 #include <gtest/gtest.h>
 
@@ -57,7 +57,7 @@ TEST(WindowPlace, SurvivesAnyNumbers)
     EXPECT_EQ(far, KeepOnScreen(far, {}));
 }
 
-TEST(ViewPlaces, TheViewsLieBesideTheBridgeWhereTheScreenHasRoom)
+TEST(PopupPlaces, TheViewsLieBesideTheBridgeWhereTheScreenHasRoom)
 {
     constexpr int width = 1508;
     constexpr int height = 1013;
@@ -69,7 +69,7 @@ TEST(ViewPlaces, TheViewsLieBesideTheBridgeWhereTheScreenHasRoom)
     const auto inside = [](const Box& a, const Box& work) { return demo::Overlap(a, work) == a; };
     for (const Box& work : {Box{0, 0, 1920, 1040}, Box{0, 0, 1600, 1200}, Box{0, 40, 2560, 1440}}) {
         const Box bridge = demo::BridgePlace(width, height, least, work, 1.0);
-        const auto views = demo::ViewPlaces::Beside(bridge, work, 1.0);
+        const auto views = demo::PopupPlaces::Beside(bridge, work, 1.0);
         const Box all[] = {bridge, views.chart, views.orbit, views.colours};
         for (const Box& box : all) {
             EXPECT_TRUE(inside(box, work)) << work.Width();
@@ -77,19 +77,19 @@ TEST(ViewPlaces, TheViewsLieBesideTheBridgeWhereTheScreenHasRoom)
                 EXPECT_TRUE(&box == &other || apart(box, other)) << work.Width();
         }
         EXPECT_TRUE(inside(views.survey, bridge)) << "over it: it is closed at first";
-        EXPECT_GE(views.chart.Width(), demo::ViewPlaces::leastWidth);
-        EXPECT_GE(views.orbit.Height(), demo::ViewPlaces::leastHeight);
-        EXPECT_GE(views.colours.Width(), demo::ViewPlaces::leastWidth);
+        EXPECT_GE(views.chart.Width(), demo::PopupPlaces::leastWidth);
+        EXPECT_GE(views.orbit.Height(), demo::PopupPlaces::leastHeight);
+        EXPECT_GE(views.colours.Width(), demo::PopupPlaces::leastWidth);
         EXPECT_GE(bridge.Height(), least);
     }
 }
 
-TEST(ViewPlaces, OnASmallScreenTheyLieOverTheBridge)
+TEST(PopupPlaces, OnASmallScreenTheyLieOverTheBridge)
 {
     const Box work{0, 0, 1366, 728};
     const Box bridge = demo::BridgePlace(1508, 1013, 713, work, 1.0);
     EXPECT_EQ(work, bridge);
-    const auto views = demo::ViewPlaces::Beside(bridge, work, 1.0);
+    const auto views = demo::PopupPlaces::Beside(bridge, work, 1.0);
     EXPECT_EQ(views.chart, demo::Overlap(views.chart, work));
     EXPECT_EQ(views.orbit, demo::Overlap(views.orbit, work));
     EXPECT_EQ(views.colours, demo::Overlap(views.colours, work));

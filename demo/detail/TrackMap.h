@@ -9,13 +9,13 @@ namespace demo
 {
 
 /** A plane map of a few kilometres, north up: a position becomes a pixel. */
-class ChartView
+class TrackMap
 {
 public:
     /** Shows the whole track and the position last known in `box`, with a margin, as large as it fits. The
-     * view is empty while there is no track.
+     * map is empty while there is no track.
      *  @param unit metres in the unit in which the grid's mesh is a round number */
-    ChartView(const History<TrackPoint>& track, const Box& box, double unit = 1.0);
+    TrackMap(const History<TrackPoint>& track, const Box& box, double unit = 1.0);
 
     bool IsEmpty() const noexcept { return m_metresPerPixel <= 0.0; }
 
@@ -26,7 +26,7 @@ public:
     double GridMetres() const noexcept { return m_grid; }
     double GridPixels() const noexcept { return m_grid / m_metresPerPixel; }
 
-    /** The pixel of a grid line crossing near the middle; the grid stays with the ground as the view follows.
+    /** The pixel of a grid line crossing near the middle; the grid stays with the ground as the map follows.
      */
     Point GridOrigin() const noexcept;
 

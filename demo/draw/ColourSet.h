@@ -9,7 +9,7 @@ namespace demo
 
 /** The display's colours, all made from the scheme in Vant, so that they follow an application's own scheme.
  */
-struct Palette {
+struct ColourSet {
     COLORREF back;   ///< behind everything
     COLORREF panel;  ///< behind an instrument
     COLORREF deep;   ///< behind a graph
@@ -20,12 +20,12 @@ struct Palette {
     COLORREF label;  ///< names and units
     COLORREF stale;  ///< values of a silent sensor
     COLORREF accent; ///< what moves: needles, the track, the sea bed
-    COLORREF port;
+    COLORREF port;   ///< also a limit in a graph
     COLORREF starboard;
-    COLORREF alarm; ///< behind an alarm's text, and a limit in a graph
+    COLORREF alarm; ///< behind an alarm's text
 
     /** From the scheme as it is now. */
-    static Palette FromScheme() noexcept;
+    static ColourSet FromScheme() noexcept;
 };
 
 /** A colour between two: `weight` 0 gives `a`, 1 gives `b`. */

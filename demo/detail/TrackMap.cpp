@@ -1,4 +1,4 @@
-#include "demo/detail/ChartView.h"
+#include "demo/detail/TrackMap.h"
 
 #include "demo/detail/Scale.h"
 
@@ -16,7 +16,7 @@ constexpr double gridPixels = 64.0; // the grid's mesh is at least this wide
 
 } // namespace
 
-ChartView::ChartView(const History<TrackPoint>& track, const Box& box, double unit)
+TrackMap::TrackMap(const History<TrackPoint>& track, const Box& box, double unit)
     : m_box(box)
 {
     if (track.IsEmpty() || box.Width() <= 0 || box.Height() <= 0)
@@ -42,14 +42,14 @@ ChartView::ChartView(const History<TrackPoint>& track, const Box& box, double un
     m_grid = Scale::Around(0.0, m_metresPerPixel * gridPixels / unit, 1).step * unit;
 }
 
-Point ChartView::Pixel(double latitude, double longitude) const noexcept
+Point TrackMap::Pixel(double latitude, double longitude) const noexcept
 {
     const GroundPoint place = m_plane.PlaceOf(latitude, longitude);
     return {m_box.left + m_box.Width() / 2.0 + (place.east - m_centreEast) / m_metresPerPixel,
             m_box.top + m_box.Height() / 2.0 - (place.north - m_centreNorth) / m_metresPerPixel};
 }
 
-Point ChartView::GridOrigin() const noexcept
+Point TrackMap::GridOrigin() const noexcept
 {
     const double east = std::round(m_centreEast / m_grid) * m_grid;
     const double north = std::round(m_centreNorth / m_grid) * m_grid;

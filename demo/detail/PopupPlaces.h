@@ -6,13 +6,13 @@ namespace demo
 {
 
 /** Where the chart, the orbit view, the colours of the depths and the survey are first put, pixels. */
-struct ViewPlaces {
+struct PopupPlaces {
     Box chart;
     Box orbit;
     Box colours;
     Box survey; ///< in the middle of the bridge: it is closed at first
 
-    /** @name Least sizes of the room that a view is put into, units @{ */
+    /** @name Least sizes of the room that the popups are put into, units @{ */
     static constexpr int leastWidth = 400;
     static constexpr int leastHeight = 340;
     /** @} */
@@ -27,10 +27,10 @@ struct ViewPlaces {
      * side; where neither is wide enough they lie over the lower right corner of the bridge, each a little
      * above the next.
      *  @param scale  pixels of a unit */
-    static ViewPlaces Beside(const Box& bridge, const Box& work, double scale) noexcept;
+    static PopupPlaces Beside(const Box& bridge, const Box& work, double scale) noexcept;
 };
 
-/** Where the bridge is first put, so that the views find room beside or below it if the work area has it:
+/** Where the bridge is first put, so that the popups find room beside or below it if the work area has it:
  *  as large as `width` x `height` otherwise, in the middle. @param leastHeight  down to which it makes room
  * below */
 Box BridgePlace(int width, int height, int leastHeight, const Box& work, double scale) noexcept;

@@ -1,4 +1,4 @@
-#include "demo/detail/ViewPlaces.h"
+#include "demo/detail/PopupPlaces.h"
 
 #include <algorithm>
 
@@ -14,7 +14,7 @@ int Pixels(int units, double scale) noexcept
 
 } // namespace
 
-ViewPlaces ViewPlaces::Beside(const Box& bridge, const Box& work, double scale) noexcept
+PopupPlaces PopupPlaces::Beside(const Box& bridge, const Box& work, double scale) noexcept
 {
     const Box seen = Overlap(bridge, work);
     const int wide = std::min(Pixels(surveyWidth, scale), seen.Width());
@@ -56,9 +56,9 @@ Box BridgePlace(int width, int height, int leastHeight, const Box& work, double 
     const int left = work.left + (work.Width() - width) / 2;
     const int top = work.top + (work.Height() - height) / 2;
     const Box middle{left, top, left + width, top + height};
-    if (work.Width() - width >= Pixels(ViewPlaces::leastWidth, scale))
+    if (work.Width() - width >= Pixels(PopupPlaces::leastWidth, scale))
         return {work.left, top, work.left + width, top + height};
-    const int below = std::max(work.Height() - height, Pixels(ViewPlaces::leastHeight, scale));
+    const int below = std::max(work.Height() - height, Pixels(PopupPlaces::leastHeight, scale));
     if (work.Height() - below < leastHeight)
         return middle;
     return {left, work.top, left + width, work.bottom - below};
