@@ -1,7 +1,5 @@
 #include "demo/draw/FontSet.h"
 
-#include "platform/Vant.h"
-
 #include <algorithm>
 #include <cmath>
 #include <cwchar>
@@ -36,7 +34,7 @@ void FontSet::Make(double scale, CDpi dpi)
     m_dpi = dpi;
     const double monitor = static_cast<double>(dpi.Dpi()) / CDpi::base;
     const double pixels = scale * monitor;
-    MakeFont(Vant::largeF, 92.0 * pixels);
+    MakeFont(huge, 92.0 * pixels);
     MakeFont(dial, 50.0 * pixels);
     MakeFont(big, 36.0 * pixels);
     MakeFont(value, 21.0 * pixels);

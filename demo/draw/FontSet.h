@@ -8,10 +8,11 @@ namespace demo
 {
 
 /** The fonts of the readings, which grow with the window, and of captions and bars, which grow with the
- * monitor's dots per inch only. The biggest is Vant::largeF, which the library leaves to the application. */
+ * monitor's dots per inch only. */
 class FontSet
 {
 public:
+    CFont huge;  ///< the depth
     CFont dial;  ///< figure in the middle of a dial
     CFont big;   ///< main reading of a panel
     CFont value; ///< lesser readings

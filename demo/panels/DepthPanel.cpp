@@ -1,7 +1,6 @@
 #include "demo/detail/Scale.h"
 #include "demo/detail/Text.h"
 #include "demo/panels/Panels.h"
-#include "platform/Vant.h"
 
 #include <cmath>
 #include <vector>
@@ -79,11 +78,10 @@ void PaintLimit(CPainter& painter, const Box& graph, const Scale& scale, double 
                  painter.Colours().port, L"limit");
 }
 
-void PaintGraph(CPainter& painter, const Box& graph, const Readout& readout)
+void PaintGraph(CPainter& painter, const Box& graph, const Readout& readout, const Profile& profile)
 {
     const ColourSet& colours = painter.Colours();
     painter.Solid(graph, colours.deep);
-    const Profile profile = ProfileOf(readout.playback, readout.depthSpan);
     const bool known = !IsMissing(profile.deepest);
     const double shallowest = known ? DisplayLength(profile.shallowest) : 0.0;
     const double deepest = known ? DisplayLength(profile.deepest) : leastDepth;
@@ -136,7 +134,7 @@ void PaintDepth(CPainter& painter, const Box& box, const Readout& readout)
     const Box inside = painter.Panel(box, L"DEPTH", L"below the surface", playback.State(Sensor::Depth));
 
     const double baseline = inside.top + painter.S(88);
-    painter.Value(inside.left + painter.S(16), baseline, Align::Left, Vant::largeF,
+    painter.Value(inside.left + painter.S(16), baseline, Align::Left, painter.Fonts().huge,
                   Show(readout, Quantity::DepthBelowSurface).WithUnit());
 
     const double right = inside.right - painter.S(16);
@@ -151,7 +149,7 @@ void PaintDepth(CPainter& painter, const Box& box, const Readout& readout)
 
     const Box graph{inside.left + painter.I(44), inside.top + painter.I(112), inside.right - painter.I(16),
                     inside.bottom - painter.I(24)};
-    PaintGraph(painter, graph, readout);
+    PaintGraph(painter, graph, readout, profile);
 }
 
 } // namespace demo
