@@ -1,6 +1,7 @@
 // What the keys do that no control wants.
 #include "demo/bridge/CBridge.h"
 
+#include "demo/screen/Focus.h"
 #include "demo/session/Commands.h"
 #include "platform/Vant.h"
 #include "windows/CCslAlm.h"
@@ -54,22 +55,18 @@ bool CBridge::TakeKey(UINT key)
 
 CVantWnd* CBridge::FocusedPopup()
 {
-    const HWND focus = ::GetFocus();
     for (CVantWnd* const popup : Popups())
-        if (focus && (popup->m_hWnd == focus || ::IsChild(popup->m_hWnd, focus)))
+        if (HoldsFocus(popup->m_hWnd))
             return popup;
     return nullptr;
 }
 
 CVantWnd* CBridge::FocusedGuest()
 {
-    const HWND focus = ::GetFocus();
-    const auto has = [focus](const auto& dock) {
-        const HWND guest = dock->Guest().m_hWnd;
-        return focus && (focus == guest || ::IsChild(guest, focus));
-    };
-    const auto found = std::ranges::find_if(m_docks, has);
-    return found != m_docks.end() ? &(*found)->Guest() : nullptr;
+    for (const auto& dock : m_docks)
+        if (HoldsFocus(dock->Guest().m_hWnd))
+            return &dock->Guest();
+    return nullptr;
 }
 
 bool CBridge::TakeCharacter(wchar_t character)

@@ -4,6 +4,11 @@
 #include "demo/screen/ScreenPicture.h"
 #include "demo/session/Commands.h"
 
+#include <algorithm>
+#include <iterator>
+#include <string>
+#include <vector>
+
 namespace demo
 {
 
@@ -31,14 +36,6 @@ void CBridge::SavePictures()
         if (saved)
             m_session.pictures.emplace_back(file);
     };
-    CRect seen;
-    GetWindowRect(&seen);
-    for (const CVantWnd* const popup : Popups()) {
-        CRect place;
-        popup->GetWindowRect(&place);
-        if (popup->IsWindowVisible())
-            seen.UnionRect(&seen, &place);
-    }
     for (CSceneWnd* const view : Views()) {
         if (!view->IsWindowVisible())
             continue;
@@ -49,7 +46,9 @@ void CBridge::SavePictures()
     note(SavePicture(m_session, pictureName), pictureName);
     if (m_video.Frames() > 0)
         m_session.pictures.emplace_back(videoName);
-    note(SaveScreen(seen, m_session.outDir + screenName), screenName);
+    std::vector<CWnd*> windows{this};
+    std::ranges::copy(Popups(), std::back_inserter(windows));
+    note(SaveSeen(windows, m_session.outDir + screenName), screenName);
 }
 
 } // namespace demo

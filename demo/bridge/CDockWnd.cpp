@@ -1,5 +1,6 @@
 #include "demo/bridge/CDockWnd.h"
 
+#include "demo/screen/Focus.h"
 #include "platform/Vant.h"
 
 #include <algorithm>
@@ -11,12 +12,6 @@ namespace
 
 constexpr int border = 1; // pixels
 constexpr int captionHeight = vant::skins::grad2::category.h;
-
-bool HasFocus(const CWnd& wnd)
-{
-    const HWND focus = ::GetFocus();
-    return focus && (focus == wnd.m_hWnd || ::IsChild(wnd.m_hWnd, focus));
-}
 
 } // namespace
 
@@ -53,7 +48,7 @@ void CDockWnd::PaintFrame(CPainter& painter, const Box& box) const
 {
     const Caption caption = m_tell();
     painter.Panel(box, m_title, caption.note, caption.lamp);
-    if (!HasFocus(m_guest))
+    if (!HoldsFocus(m_guest.m_hWnd))
         return;
     const COLORREF accent = painter.Colours().accent;
     painter.Solid({box.left, box.top, box.right, box.top + border}, accent);

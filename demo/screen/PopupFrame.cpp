@@ -1,6 +1,7 @@
 #include "demo/screen/PopupFrame.h"
 
 #include "controls/CVantWnd.h"
+#include "demo/screen/Focus.h"
 #include "demo/screen/ScreenPlace.h"
 #include "platform/Vant.h"
 
@@ -29,8 +30,7 @@ void PopupFrame::ShowAsSet()
 {
     if ((m_place.open != 0) == (m_wnd.IsWindowVisible() != FALSE))
         return;
-    const HWND focus = ::GetFocus();
-    const bool hadFocus = focus && (focus == m_wnd.m_hWnd || ::IsChild(m_wnd.m_hWnd, focus));
+    const bool hadFocus = HoldsFocus(m_wnd.m_hWnd);
     // The keyboard stays where it is.
     m_wnd.ShowWindow(m_place.open ? SW_SHOWNA : SW_HIDE);
     if (!m_place.open && hadFocus)

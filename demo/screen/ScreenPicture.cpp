@@ -5,12 +5,18 @@
 namespace demo
 {
 
-bool SaveSeen(CWnd& wnd, const CString& path)
+bool SaveSeen(std::span<CWnd* const> windows, const CString& path)
 {
-    wnd.RedrawWindow(nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
-    CRect place;
-    wnd.GetWindowRect(&place);
-    return SaveScreen(place, path);
+    CRect seen;
+    for (CWnd* const wnd : windows) {
+        if (!wnd->IsWindowVisible())
+            continue;
+        CRect place;
+        wnd->RedrawWindow(nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+        wnd->GetWindowRect(&place);
+        seen.UnionRect(&seen, &place);
+    }
+    return SaveScreen(seen, path);
 }
 
 bool SaveScreen(const CRect& wanted, const CString& path)

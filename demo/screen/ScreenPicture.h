@@ -2,12 +2,15 @@
 
 #include <afxwin.h>
 
+#include <span>
+
 namespace demo
 {
 
-/** Saves what a user sees of a window: with the message boxes and tips over it, which Vant::PrintScn() leaves
- * out. @return whether it could be saved */
-bool SaveSeen(CWnd& wnd, const CString& path);
+/** Saves what a user sees of windows, drawn anew, and between them: with the message boxes and tips over
+ * them, which Vant::PrintScn() leaves out. Windows that are hidden do not count.
+ *  @return whether it could be saved */
+bool SaveSeen(std::span<CWnd* const> windows, const CString& path);
 
 /** Saves what a user sees of a rectangle; what lies beside the screen is left out. @return whether it could
  * be saved */

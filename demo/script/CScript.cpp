@@ -3,6 +3,8 @@
 #include "demo/run/Terminal.h"
 #include "demo/screen/ScreenPicture.h"
 
+#include <span>
+
 namespace demo
 {
 
@@ -50,19 +52,10 @@ void CScript::Report(const Act& act, bool passed)
 
 void CScript::SavePicture(const Act& act)
 {
-    CRect seen;
-    m_stage.bridge.RedrawWindow(nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
-    m_stage.bridge.GetWindowRect(&seen);
-    for (CWnd* const popup :
-         std::initializer_list<CWnd*>{&m_stage.chart, &m_stage.orbit, &m_stage.colours, &m_stage.survey}) {
-        if (!act.isWide || !popup->IsWindowVisible())
-            continue;
-        CRect place;
-        popup->RedrawWindow(nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
-        popup->GetWindowRect(&place);
-        seen.UnionRect(&seen, &place);
-    }
-    SaveScreen(seen, m_stage.session.outDir + act.picture);
+    CWnd* const windows[] = {&m_stage.bridge, &m_stage.chart, &m_stage.orbit, &m_stage.colours,
+                             &m_stage.survey};
+    const std::span<CWnd* const> all = windows;
+    SaveSeen(act.isWide ? all : all.first(1), m_stage.session.outDir + act.picture);
 }
 
 } // namespace demo
