@@ -14,19 +14,20 @@ namespace demo
 
 void CBridge::RecordVideo()
 {
-    if (m_session.recording && !m_video.IsOn()) {
-        m_session.recording = m_video.Start(m_session.outDir + videoName);
+    const CString path = m_session.outDir + videoName;
+    if (!m_video.IsOn()) {
+        m_session.recording = m_session.recording && m_video.Start(path);
         return;
     }
     if (m_session.recording)
         m_video.AddFrame();
     else
         m_video.Stop();
-    if (m_session.recording && !m_video.IsOn()) { // that was the last frame
-        m_session.recording = false;
-        m_session.log.Line(L"video of " + std::to_wstring(m_video.Frames()) + L" frames saved to " +
-                           std::wstring(static_cast<LPCWSTR>(m_session.outDir + videoName)));
-    }
+    if (m_video.IsOn())
+        return;
+    m_session.recording = false; // that was the last frame
+    m_session.log.Line(L"video of " + std::to_wstring(m_video.Frames()) + L" frames saved to " +
+                       std::wstring(static_cast<LPCWSTR>(path)));
 }
 
 void CBridge::SavePictures()

@@ -204,7 +204,8 @@ void CBridge::Finish()
     NotePlace();
     m_finished = true;
     CRunLock::Unmark(m_hWnd);
-    m_video.Stop();
+    m_session.recording = false;
+    RecordVideo(); // ends it
     Vant::vantClosing = 1;
     KillTimer(frameTimer);
     m_session.failed |= m_actor && !m_actor->IsDone(); // closed too early
