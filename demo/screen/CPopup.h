@@ -43,6 +43,8 @@ protected:
         }
         if (message == WM_DESTROY)
             Leave();
+        if (message == WM_DPICHANGED)
+            wParam = m_frame.FittingDpi(wParam);
         const LRESULT result = Base::WindowProc(message, wParam, lParam);
         if (message == WM_CREATE && result != -1)
             this->s_infoRx.AddTail(this);

@@ -20,10 +20,16 @@ bool PopupFrame::Open(const wchar_t* title, CWnd& owner, const Box& first)
     const Box box = isSaved ? PlaceAgain(m_place.box) : first;
     if (!m_wnd.CreateEx(0, Vant::wndClass, title, popupStyle, RectOf(box), &owner, 0))
         return false;
-    const int dpi = CDpi::Of(owner.m_hWnd).Dpi();
-    if (CDpi::Of(m_wnd.m_hWnd).Dpi() != dpi) // on a screen that its owner would not fit otherwise
-        m_wnd.SendMessage(WM_DPICHANGED, MAKEWPARAM(dpi, dpi), 0);
+    const CDpi dpi = CDpi::Of(m_wnd.m_hWnd);
+    if (DpiThatFits(m_wnd.m_hWnd, dpi) != dpi)
+        m_wnd.SendMessage(WM_DPICHANGED, MAKEWPARAM(dpi.Dpi(), dpi.Dpi()), 0);
     return true;
+}
+
+WPARAM PopupFrame::FittingDpi(WPARAM asked) const
+{
+    const int fits = DpiThatFits(m_wnd.m_hWnd, CDpi(HIWORD(asked))).Dpi();
+    return MAKEWPARAM(fits, fits);
 }
 
 void PopupFrame::ShowAsSet()

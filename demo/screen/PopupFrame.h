@@ -25,6 +25,10 @@ public:
     /** Shows or hides it, as the user last had it. */
     void ShowAsSet();
 
+    /** What WM_DPICHANGED tells it on another monitor, its first parameter: there it takes as many dots per
+     * inch as the bridge would, see DpiThatFits(). */
+    WPARAM FittingDpi(WPARAM asked) const;
+
     /** Keeps in mind where it is. */
     void NotePlace();
 

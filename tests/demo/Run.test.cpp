@@ -156,6 +156,54 @@ TEST_F(DemoRun, FollowsTheDotsPerInchOfItsMonitor)
     EXPECT_EQ(0, program.ExitCode()) << program.Err();
 }
 
+TEST_F(DemoRun, OnAFinerMonitorItsWindowsTakeAsManyDotsPerInchAsFitThere)
+{
+    Program program(m_dir, L"--seconds 0 --out .");
+    const HWND wnd = program.Window();
+    ASSERT_TRUE(wnd);
+    const struct {
+        HWND window;
+        const wchar_t* part; // its height is the same in units whatever the window's
+    } windows[] = {{wnd, L"Header"}, {::FindWindowW(nullptr, L"Depth colours"), L"Depth palette"}};
+    ::SetWindowPos(windows[1].window, nullptr, 0, 0, 1590, 1190,
+                   SWP_NOZORDER | SWP_NOACTIVATE); // room for more
+    int heights[2][2] = {};
+    for (const int dpi : {USER_DEFAULT_SCREEN_DPI, 4 * USER_DEFAULT_SCREEN_DPI}) {
+        for (const auto& each : windows) {
+            const HWND part = ::FindWindowExW(each.window, nullptr, nullptr, each.part);
+            ASSERT_TRUE(part) << dpi;
+            ::SendMessageW(each.window, WM_DPICHANGED, MAKEWPARAM(dpi, dpi), 0);
+            RECT client{};
+            ::GetClientRect(part, &client);
+            heights[&each - windows][dpi != USER_DEFAULT_SCREEN_DPI] = client.bottom;
+        }
+    }
+    for (const auto& [usual, fine] : heights) {
+        EXPECT_GT(fine, usual * 5 / 4);
+        EXPECT_LT(fine, usual * 2) << "at four times as many the bridge would not fit this screen";
+    }
+    ::PostMessageW(wnd, WM_KEYDOWN, VK_ESCAPE, 1);
+    EXPECT_EQ(0, program.ExitCode()) << program.Err();
+}
+
+TEST_F(DemoRun, AVideoThatItsUserEndsIsToldOf)
+{
+    Program program(m_dir, L"--seconds 0 --out .");
+    const HWND wnd = program.Window();
+    ASSERT_TRUE(wnd);
+    const auto waitFor = [this](auto isThere) {
+        for (DWORD waited = 0; waited < patience && !isThere(); waited += 20)
+            ::Sleep(20);
+    };
+    ::PostMessageW(wnd, WM_CHAR, L'v', 1);
+    waitFor([this] { return fs::exists(m_dir / "orbit.avi"); });
+    ::PostMessageW(wnd, WM_CHAR, L'v', 1);
+    waitFor([this] { return Contents(m_dir / "demo.log").find("orbit.avi") != std::string::npos; });
+    EXPECT_THAT(Contents(m_dir / "demo.log"), HasSubstr(" frames saved to "));
+    ::PostMessageW(wnd, WM_KEYDOWN, VK_ESCAPE, 1);
+    EXPECT_EQ(0, program.ExitCode()) << program.Err();
+}
+
 TEST_F(DemoRun, ALostWindowComesBackToTheScreen)
 {
     std::ofstream(m_dir / "VantDemo.xml") << "<Corvane date=\"\">\n<Collection name=\"VantDemo\">\n"
