@@ -10,8 +10,9 @@
 #include "windows/CCslComms.h"
 
 #include <filesystem>
-#include <fstream>
 #include <iterator>
+#include <optional>
+#include <utility>
 #include <vector>
 
 #include <shellapi.h>
@@ -116,8 +117,10 @@ bool CDemoApp::ReadLog()
     const fs::path path = m_options.log.empty() ? DataFile(logName) : fs::path(m_options.log);
     m_logPath = path.wstring();
     std::error_code error;
-    std::ifstream file(path, std::ios::binary);
-    if (!fs::is_regular_file(path, error) || !file) {
+    if (const std::uintmax_t size = fs::file_size(path, error); !error && size >= longLog)
+        Say(L"reading " + Counted(static_cast<std::size_t>(size / 1'000'000), L"MB of ") + m_logPath);
+    std::optional<std::string> bytes = Tape::BytesOf(path);
+    if (!bytes) {
         Complain(L"cannot read the log " + Quoted(m_logPath));
         m_exitCode = exitUsage;
         return false;

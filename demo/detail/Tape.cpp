@@ -3,6 +3,8 @@
 #include "demo/detail/NmeaReadings.h"
 
 #include <algorithm>
+#include <fstream>
+#include <system_error>
 #include <utility>
 
 namespace demo
@@ -21,6 +23,23 @@ double ClockStep(double from, double to) noexcept
 }
 
 } // namespace
+
+std::optional<std::string> Tape::BytesOf(const std::filesystem::path& file, std::size_t most)
+{
+    std::error_code error;
+    std::ifstream stream(file, std::ios::binary);
+    if (!std::filesystem::is_regular_file(file, error) || !stream)
+        return std::nullopt;
+    constexpr std::size_t piece = 1 << 20; // a log that still grows is read up to where it ends then
+    std::string bytes;
+    while (stream && bytes.size() < most) {
+        const std::size_t begin = bytes.size();
+        bytes.resize(std::min(begin + piece, most));
+        stream.read(bytes.data() + begin, static_cast<std::streamsize>(bytes.size() - begin));
+        bytes.resize(begin + static_cast<std::size_t>(stream.gcount()));
+    }
+    return bytes;
+}
 
 Tape::Tape(std::string bytes)
     : m_bytes(std::move(bytes))
@@ -67,10 +86,8 @@ void Tape::FindTimes()
             spacing = step / static_cast<double>(i - mark);
             Spread(mark, i, time, spacing);
             time += step;
-            mark = i;
-        } else {
-            mark = i;
         }
+        mark = i;
         clock = now;
     }
     Spread(mark, m_lines.size(), time, spacing);

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <cstddef>
+#include <filesystem>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -21,6 +23,9 @@ public:
     static constexpr double maxPause = 60.0;      ///< seconds
     static constexpr double defaultSpacing = 0.1; ///< seconds a line, where nothing tells the time
     static constexpr std::size_t maxBytes = 256U * 1024U * 1024U; ///< longer logs are played up to here
+
+    /** The bytes of a log, `most` of them; nothing when the file cannot be read. */
+    static std::optional<std::string> BytesOf(const std::filesystem::path& file, std::size_t most = maxBytes);
 
     /** Takes the bytes of a log. Empty lines are no lines of the tape. */
     explicit Tape(std::string bytes);

@@ -1,8 +1,11 @@
 #include "demo/detail/Tape.h"
 
+#include "Files.h"
 #include "Lines.h"
 
 #include <gmock/gmock.h>
+
+#include <windows.h>
 
 using demo::Tape;
 using testing::DoubleEq;
@@ -68,6 +71,19 @@ TEST(Tape, PassesMidnightAndOddClocks)
     EXPECT_THAT(Times(Tape(Log({"100000", "100001", "095000", "095001"}))), ElementsAre(0, 1, 1, 2))
         << "set back: one step stands still";
     EXPECT_THAT(Times(Tape(Log({"100000", "110000", "110001"}))), ElementsAre(0, 60, 61)) << "a pause is cut";
+}
+
+TEST(Tape, ReadsAFileAsFarAsItIsPlayed)
+{
+    const fs::path file =
+        fs::temp_directory_path() / ("vanttape-" + std::to_string(::GetCurrentProcessId()) + ".nmea");
+    const std::string log(3'000'000, 'x');
+    std::ofstream(file, std::ios::binary) << log;
+    EXPECT_TRUE(Tape::BytesOf(file) == log);
+    EXPECT_EQ(2'500'000U, Tape::BytesOf(file, 2'500'000).value().size());
+    EXPECT_FALSE(Tape::BytesOf(file.parent_path())) << "a directory";
+    fs::remove(file);
+    EXPECT_FALSE(Tape::BytesOf(file)) << "no file";
 }
 
 TEST(Tape, TakesAnyBytes)
