@@ -113,7 +113,10 @@ bool CInput::Do(const Rest& rest)
     CRect place;
     rest.wnd->GetWindowRect(&place);
     const CPoint middle = place.CenterPoint();
-    return ::WindowFromPoint(middle) == rest.wnd->m_hWnd && ::SetCursorPos(middle.x, middle.y);
+    if (::WindowFromPoint(middle) == rest.wnd->m_hWnd)
+        return ::SetCursorPos(middle.x, middle.y) != FALSE;
+    ScrollTowards(*rest.wnd, middle);
+    return false;
 }
 
 bool CInput::Stroke(UINT key)

@@ -9,6 +9,8 @@
 #include "windows/CEMsgBox.h"
 #include "windows/CEToolTip.h"
 
+#include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace demo
@@ -63,7 +65,38 @@ void TypeAngle(Stage& stage, double& angle, std::wstring_view degrees)
     stage.hands.Key(VK_RETURN);
 }
 
+/** The windows beside the bridge, and the keys that show and hide them. */
+struct Popup {
+    const CWnd* wnd;
+    const wchar_t* key;
+};
+std::array<Popup, 4> Popups(const Stage& stage)
+{
+    return {{{&stage.chart, L"c"}, {&stage.orbit, L"o"}, {&stage.colours, L"p"}, {&stage.survey, L"m"}}};
+}
+
+/** Whether a window is seen where the set-up is, as on a screen without room beside the bridge. */
+bool CoversSetup(const Stage& stage, const CWnd& wnd)
+{
+    CRect setup;
+    CRect place;
+    stage.setup.GetWindowRect(&setup);
+    wnd.GetWindowRect(&place);
+    return IsSeen(wnd) && setup.IntersectRect(&setup, &place);
+}
+
 const Act acts[] = {
+    {L"keys hide what lies over the set-up",
+     [](Stage& s) {
+         s.bridge.SetFocus();
+         for (const Popup& popup : Popups(s))
+             if (CoversSetup(s, *popup.wnd))
+                 s.hands.Type(popup.key);
+     },
+     [](const Stage& s) {
+         return std::ranges::none_of(Popups(s), [&](const Popup& p) { return CoversSetup(s, *p.wnd); });
+     }},
+
     {L"a tip tells what the field under the mouse is for",
      [](Stage& s) { s.hands.Hover(BoundTo(&s.session.settings.port)); },
      [](const Stage&) {
@@ -167,7 +200,8 @@ const Act acts[] = {
          for (const CWnd* console :
               std::initializer_list<const CWnd*>{&Vant::alarm, &Vant::csl, &Vant::status, &Vant::comms})
              windows += IsSeen(*console);
-         windows += IsSeen(s.chart) + IsSeen(s.orbit) + IsSeen(s.colours) + IsSeen(s.survey);
+         for (const Popup& popup : Popups(s))
+             windows += IsSeen(*popup.wnd);
          s.hands.Key(VK_F6, windows);
      },
      [](const Stage& s) { return HasFocus(s.bridge); }},

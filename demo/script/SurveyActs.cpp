@@ -126,7 +126,8 @@ const Act acts[] = {
 
     {L"a right click on the boat opens its menu",
      [](Stage& s) {
-         s.session.paused = 1; // the boat waits for the mouse
+         s.session.paused = 1;                           // the boat waits for the mouse
+         s.chart.SetViewOrg(s.scene.Boat().Now().place); // the waypoint may be far off
          ClickBoat(s);
      },
      [](const Stage&) { return IsMenuOpen(); }, L"step-menu.png", true},
