@@ -8,13 +8,12 @@
 #include "windows/CCslAlm.h"
 #include "windows/CCslComms.h"
 
+#include "Files.h"
 #include "Lines.h"
 
 #include <gmock/gmock.h>
 
-#include <filesystem>
-#include <fstream>
-#include <iterator>
+#include <algorithm>
 
 using namespace demo;
 using testing::ElementsAre;
@@ -37,12 +36,6 @@ AlarmWatch Watch(double limit)
     AlarmWatch watch;
     watch.SetShallowLimit(limit);
     return watch;
-}
-
-std::string Contents(const std::filesystem::path& path)
-{
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
 }
 
 } // namespace
@@ -198,9 +191,9 @@ TEST(Playback, ARewindEndsAlarmsAndKeepsTheLimit)
 
 TEST(Alarms, ReachTheConsoleAndItsLog)
 {
-    const std::filesystem::path dir =
-        std::filesystem::temp_directory_path() / ("vantalarms-" + std::to_string(::GetCurrentProcessId()));
-    std::filesystem::create_directories(dir);
+    const fs::path dir =
+        fs::temp_directory_path() / ("vantalarms-" + std::to_string(::GetCurrentProcessId()));
+    fs::create_directories(dir);
     Vant::dataDir = (dir.wstring() + L"\\").c_str();
     Vant::alarm.SetupCsl(2);
     Vant::alarm.logTo = 1;
@@ -222,7 +215,7 @@ TEST(Alarms, ReachTheConsoleAndItsLog)
     for (const char* line : {"Shallow water: 13.2m, limit 14.0m", "No position for 5 s", "49ft 3in"})
         EXPECT_THAT(text, testing::HasSubstr(line));
     EXPECT_EQ(4, std::count(text.begin(), text.end(), '\n'));
-    std::filesystem::remove_all(dir);
+    fs::remove_all(dir);
 }
 
 TEST(Alarms, EverySentenceIsFedOnceAndDamagedOnesAreMarked)
@@ -230,6 +223,8 @@ TEST(Alarms, EverySentenceIsFedOnceAndDamagedOnesAreMarked)
     const Tape tape(Line("SDDPT,3.00,0.5") + "\r\n" + "$SDDPT,3.00,\x07.5*00\r\n");
     Playback playback(tape);
     SentenceFeed feed;
+    while (!Vant::comms.entries.IsEmpty()) // of another run of the test
+        delete Vant::comms.entries.RemoveHead();
     feed.Feed(tape, playback);
     EXPECT_TRUE(Vant::comms.entries.IsEmpty()) << "nothing has been played";
     playback.Advance(10.0);

@@ -48,7 +48,8 @@ TEST(Options, HelpWinsOverWhatFollows)
     EXPECT_TRUE(Parse({L"--help"}).help);
     EXPECT_TRUE(Parse({L"--seconds", L"4", L"--help", L"--nonsense"}).help);
     EXPECT_FALSE(Parse({L"--nonsense", L"--help"}).help);
-    for (const char* const name : {"--seconds", "--rate", "--log", "--out", "--help"})
+    for (const char* const name :
+         {"--seconds", "--rate", "--log", "--out", "--script", "--no-pbuffers", "--tour", "--help"})
         EXPECT_NE(std::string::npos, std::string(Options::Help()).find(name)) << name;
 }
 

@@ -1,13 +1,13 @@
 #include "demo/detail/Playback.h"
 #include "demo/detail/DepthShares.h"
 
+#include "Files.h"
 #include "Lines.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <fstream>
-#include <iterator>
+#include <limits>
 
 using namespace demo;
 
@@ -25,8 +25,7 @@ constexpr const char* noFix = ",V,,,,,,,170624,,";
 
 std::string SurveyLog()
 {
-    std::ifstream file(DEMO_DATA_DIR "/survey.nmea", std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+    return Contents(DEMO_DATA_DIR "/survey.nmea");
 }
 
 } // namespace

@@ -1,10 +1,10 @@
 #pragma once
 
+#include "demo/Files.h"
+
 #include <gtest/gtest.h>
 
 #include <charconv>
-#include <filesystem>
-#include <fstream>
 #include <iterator>
 #include <string>
 
@@ -12,8 +12,6 @@
 
 /** @file
  *  VantDemo.exe as a user starts it, and what it leaves. */
-
-namespace fs = std::filesystem;
 
 /** Where the tests' programs stand. */
 inline fs::path TestDir()
@@ -23,13 +21,7 @@ inline fs::path TestDir()
     return fs::path(std::wstring(self, length)).parent_path();
 }
 
-inline constexpr DWORD patience = 60000; // milliseconds until a run counts as hanging
-
-inline std::string Contents(const fs::path& path)
-{
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
+inline constexpr DWORD patience = 100000; // milliseconds until a run counts as hanging
 
 /** A started VantDemo whose output goes to files. */
 class Program

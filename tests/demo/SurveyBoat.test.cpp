@@ -4,11 +4,11 @@
 #include "display/detail/Read3ds.h"
 #include "tests/display/Models.h"
 
+#include "Files.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <fstream>
-#include <iterator>
 #include <map>
 #include <span>
 
@@ -21,8 +21,7 @@ namespace
 
 std::string Committed(const char* name)
 {
-    std::ifstream file(std::string(DEMO_DATA_DIR "/") + name, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
+    return Contents(fs::path(DEMO_DATA_DIR) / name);
 }
 
 ModelData Read(const std::string& bytes)
