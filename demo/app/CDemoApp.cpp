@@ -25,7 +25,7 @@ namespace
 
 namespace fs = std::filesystem;
 
-constexpr int keptLines = 500; // of each console
+constexpr int keptLines = 500; // of a console
 constexpr const wchar_t* logName = L"survey.nmea";
 constexpr const wchar_t* boatName = L"boat.3ds";
 constexpr std::uintmax_t longLog = 8'000'000; // bytes: reading this many may take half a second
@@ -125,10 +125,7 @@ bool CDemoApp::ReadLog()
         m_exitCode = exitUsage;
         return false;
     }
-    if (const std::uintmax_t size = fs::file_size(path, error); !error && size >= longLog)
-        Say(L"reading " + Counted(static_cast<std::size_t>(size / 1'000'000), L"MB of ") + m_logPath);
-    std::string bytes(std::istreambuf_iterator<char>(file), {});
-    m_tape = std::make_unique<Tape>(std::move(bytes));
+    m_tape = std::make_unique<Tape>(std::move(*bytes));
     if (m_tape->Accepted() == 0) {
         Complain(L"no NMEA 0183 sentence that can be used in the log " + Quoted(m_logPath));
         m_exitCode = exitUsage;
@@ -219,11 +216,20 @@ void CDemoApp::LoadSettings()
 
 bool CDemoApp::OpenWindow()
 {
-    m_session.reset(new Session{*m_tape, *m_playback, m_settings, m_log, m_clock,
-                                fs::path(m_logPath).filename().wstring(), m_options.seconds, m_options.rate,
-                                m_options.script, m_outDir.c_str(),
-                                DataFile(boatName).make_preferred().c_str(), m_keeps, m_options.pbuffers});
-    m_session->touring = m_options.tour;
+    m_session.reset(new Session{.tape = *m_tape,
+                                .playback = *m_playback,
+                                .settings = m_settings,
+                                .log = m_log,
+                                .clock = m_clock,
+                                .source = fs::path(m_logPath).filename().wstring(),
+                                .seconds = m_options.seconds,
+                                .rate = m_options.rate,
+                                .scripted = m_options.script,
+                                .outDir = m_outDir.c_str(),
+                                .boatFile = DataFile(boatName).make_preferred().c_str(),
+                                .keeps = m_keeps,
+                                .pbuffers = m_options.pbuffers,
+                                .touring = m_options.tour});
     m_session->Apply();
     m_bridge = std::make_unique<CBridge>(*m_session);
     m_pMainWnd = m_bridge.get();

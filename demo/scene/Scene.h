@@ -29,8 +29,6 @@ public:
     void Take(double now);
 
     const CBoatMdl& Boat() const noexcept { return m_boat; }
-    CBoatMdl& Boat() noexcept { return m_boat; }
-    CMdlPos& BoatPos() noexcept { return m_pos; }
 
     const PlannedRoute& Route() const noexcept { return m_route; }
     /** The drawable of the planned route. */

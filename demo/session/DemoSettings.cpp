@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <initializer_list>
 #include <numbers>
 #include <optional>
 
@@ -62,13 +63,18 @@ fs::path CopyBeside(const fs::path& path, const std::wstring& why)
     return {};
 }
 
+void Exchange(CESetObj& obj, const CString& prefix, Box& box)
+{
+    obj.Item(prefix + L"Left", box.left);
+    obj.Item(prefix + L"Top", box.top);
+    obj.Item(prefix + L"Right", box.right);
+    obj.Item(prefix + L"Bottom", box.bottom);
+}
+
 void Exchange(CESetObj& obj, const CString& prefix, PopupPlace& place)
 {
     obj.Item(prefix + L"Open", place.open);
-    obj.Item(prefix + L"Left", place.box.left);
-    obj.Item(prefix + L"Top", place.box.top);
-    obj.Item(prefix + L"Right", place.box.right);
-    obj.Item(prefix + L"Bottom", place.box.bottom);
+    Exchange(obj, prefix, place.box);
 }
 
 template <typename T>
@@ -87,10 +93,7 @@ void DemoSettings::Settings(CESetObj& obj)
     if (!obj.IsStoring())
         format = written;
     obj.Item(L"Runs", runs);
-    obj.Item(L"Left", window.left);
-    obj.Item(L"Top", window.top);
-    obj.Item(L"Right", window.right);
-    obj.Item(L"Bottom", window.bottom);
+    Exchange(obj, L"", window);
     obj.Item(L"Maximised", maximised);
     Exchange(obj, L"Chart", chart);
     Exchange(obj, L"Orbit", orbit);
@@ -174,20 +177,12 @@ bool DemoSettings::Save(const CString& file)
 
 void LoadWindows(const CString& file, bool keeps)
 {
-    CConsole* const consoles[] = {&Vant::csl, &Vant::comms, &Vant::status, &Vant::alarm};
-    CString own[std::size(consoles)];
-    for (std::size_t i = 0; i < std::size(consoles); ++i)
-        own[i] = consoles[i]->fileName;
     CESet set(0);
     if (set.Load(file))
         CVantWnd::LoadSet(set);
-    for (std::size_t i = 0; i < std::size(consoles); ++i) {
-        CConsole& console = *consoles[i];
-        const CString tail = L"\\" + own[i].Mid(Vant::dataDir.GetLength());
-        if (console.fileName.Right(tail.GetLength()).CompareNoCase(tail) == 0)
-            console.fileName = own[i];
-        console.logTo = keeps ? console.logTo : 0;
-    }
+    for (CConsole* const console :
+         std::initializer_list<CConsole*>{&Vant::csl, &Vant::comms, &Vant::status, &Vant::alarm})
+        console->logTo = keeps ? console->logTo : 0;
 }
 
 CString PlainName(const CString& name)

@@ -86,8 +86,7 @@ private:
     bool m_mayReplace = true;
 };
 
-/** Gives the platform windows that exist the state that DemoSettings::Save() put into the file. A console's
- * log stays in this run's directory where the file comes from a run in another one.
+/** Gives the platform windows that exist the state that DemoSettings::Save() put into the file.
  *  @param keeps  whether there is a directory that the consoles can log to */
 void LoadWindows(const CString& file, bool keeps);
 

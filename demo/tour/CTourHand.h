@@ -41,7 +41,6 @@ public:
 
     /** Goes on. @param t  seconds */
     void Step(double t);
-    bool IsBusy() const noexcept { return !m_queue.empty(); }
 
     /** Puts it somewhere on the screen at once. */
     void Put(Point screen) noexcept { m_at = screen; }

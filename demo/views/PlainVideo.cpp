@@ -9,8 +9,7 @@ namespace demo
 void TellOfPlainVideo()
 {
     constexpr unsigned long noXvid = 1208;
-    CECEntry alarm;
-    if (!Vant::alarm.GetEntry(noXvid, alarm))
+    if (!Vant::alarm.FindEntry(noXvid))
         return;
     Vant::alarm.ClearEntry(noXvid);
     Vant::Console(0, L"no Xvid codec: whole frames are recorded");
