@@ -5,16 +5,18 @@
 #include <cstdlib>
 #include <ctime>
 
-/** Ends the program, which the fuzzer reports as a finding, if something does not hold. */
-inline void Require(bool holds, const char* what)
+/** Ends the program, which the fuzzer reports as a finding, if something does not hold.
+ *  @param what  it in words; where it is left out the line in the target's source tells */
+inline void Require(bool holds, const char* what = "", int line = __builtin_LINE())
 {
     if (holds)
         return;
-    std::fprintf(stderr, "does not hold: %s\n", what);
+    std::fprintf(stderr, "line %d does not hold: %s\n", line, what);
     std::abort();
 }
 
-/** Measures the processor time of each input, and tells the longest at the end. */
+/** Measures the processor time of each input, and tells the longest at the end, where ./run-fuzz looks for
+ * it. */
 class Slowest
 {
 public:

@@ -3,6 +3,7 @@
 // same by a number, and what is written comes back.
 
 #include "core/detail/NumberText.h"
+#include "fuzz/Checks.h"
 
 #include <algorithm>
 #include <array>
@@ -23,12 +24,6 @@ namespace
 {
 
 using namespace vant::detail;
-
-void Require(bool holds)
-{
-    if (!holds)
-        std::abort();
-}
 
 template <class Float>
 bool Same(Float a, Float b)

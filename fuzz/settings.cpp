@@ -2,13 +2,13 @@
 // every expansion ends and stays within its bounds, and a tree that was read comes back unchanged when it is
 // written and read again.
 
+#include "fuzz/Checks.h"
 #include "settings/detail/Percent.h"
 #include "settings/detail/SetReader.h"
 #include "settings/detail/SetWriter.h"
 
 #include <algorithm>
 #include <cstdint>
-#include <cstdlib>
 #include <cstring>
 #include <string>
 #include <string_view>
@@ -18,12 +18,6 @@ namespace
 {
 
 using namespace vant::detail;
-
-void Require(bool holds)
-{
-    if (!holds)
-        std::abort();
-}
 
 struct Line {
     LineKind kind;
