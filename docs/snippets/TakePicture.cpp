@@ -3,6 +3,8 @@
 // programs themselves stay as an application has them.
 #include <VantCore.h>
 
+#include "resources/Ids.h"
+
 #include <algorithm>
 #include <cstdio>
 #include <map>
@@ -31,8 +33,11 @@ public:
                 m_delay = static_cast<UINT>(_wtoi(words[i + 1]));
         }
         ::LocalFree(words);
-        if (!s_file.IsEmpty())
-            ::SetTimer(nullptr, 0, m_delay, Take);
+        if (s_file.IsEmpty())
+            return;
+        // Not the system's picture for programs without an icon, which says nothing and differs by system.
+        Vant::hIcon = ::LoadIconW(::GetModuleHandleW(L"VantCore.dll"), MAKEINTRESOURCEW(VANT_IDI_APP));
+        ::SetTimer(nullptr, 0, m_delay, Take);
     }
 
 private:

@@ -1,5 +1,4 @@
 // chart: a route, areas, and an alarm while the boat is in one of them.
-//
 // The library keeps areas and draws them; what lies inside is for the application to say, which knows its
 // shapes: CArea::Inside() is a hook. How far it is off the route the library tells. Mouse, keys: docs/3d.md.
 #include <VantCore.h>
@@ -113,6 +112,7 @@ class CChartApp : public CBaseApp
 {
     BOOL InitInstance() override
     {
+        Vant::hIcon = ::LoadIconW(::GetModuleHandleW(L"VantCore.dll"), MAKEINTRESOURCEW(100));
         Vant::Init();
         m_wnd = std::make_unique<CChartWnd>();
         m_pMainWnd = m_wnd.get();

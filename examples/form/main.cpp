@@ -105,6 +105,7 @@ class CFormApp : public CBaseApp
     BOOL InitInstance() override
     {
         Vant::setFile = L"form.xml"; // in the current directory
+        Vant::hIcon = ::LoadIconW(::GetModuleHandleW(L"VantCore.dll"), MAKEINTRESOURCEW(100));
         Vant::Init();
         m_wnd = std::make_unique<CFormWnd>();
         m_pMainWnd = m_wnd.get();

@@ -52,6 +52,8 @@ class CHelloApp : public CBaseApp
 {
     BOOL InitInstance() override
     {
+        // The library's icon. An application brings its own, and says LoadIcon(1).
+        Vant::hIcon = ::LoadIconW(::GetModuleHandleW(L"VantCore.dll"), MAKEINTRESOURCEW(100));
         Vant::Init(); // before the first window
         std::printf("VantCore %ls\n", Vant::swVer.GetString());
         m_wnd = std::make_unique<CHelloWnd>();

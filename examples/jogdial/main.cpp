@@ -105,6 +105,7 @@ class CJogApp : public CBaseApp
 {
     BOOL InitInstance() override
     {
+        Vant::hIcon = ::LoadIconW(::GetModuleHandleW(L"VantCore.dll"), MAKEINTRESOURCEW(100));
         Vant::Init();
         m_wnd = std::make_unique<CSonarWnd>();
         m_isGood = m_wnd->CreateWnd(L"Jog dial", WS_OVERLAPPEDWINDOW | WS_VISIBLE, CRect(100, 100, 560, 360));

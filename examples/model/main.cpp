@@ -12,14 +12,13 @@
 class CSolid : public CMdl
 {
 public:
-    CModel model;
-
     void Draw(CDsp& dsp) override { model.DrawModel(dsp); }
     void GetInf(CMdlInf& inf) override
     {
         inf.name = model.name;
         inf.hasExt = model.GetExtents(inf.lower, inf.upper); // for ShowMdl()
     }
+    CModel model;
 };
 
 class CViewer : public CDsp
@@ -108,6 +107,7 @@ class CModelApp : public CBaseApp
 {
     BOOL InitInstance() override
     {
+        Vant::hIcon = ::LoadIconW(::GetModuleHandleW(L"VantCore.dll"), MAKEINTRESOURCEW(100));
         Vant::Init();
         const bool takesPicture = __argc > 2 && CString(__wargv[__argc - 2]) == L"--picture";
         wchar_t program[MAX_PATH] = {};

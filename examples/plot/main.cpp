@@ -2,8 +2,7 @@
 //
 // There are two ways for a value to come from a thread into a window:
 // - CEChart::Add() may be called by any thread, for a chart has a lock of its own. So comes the depth, sample
-// by
-//   sample.
+//   by sample.
 // - Any control may be bound to a variable that a thread writes under a mutex, once the window is given that
 //   mutex. So comes the speed, recorded at each CECtrl::UpdateAuCtrls(): what it was in between is not seen.
 //
@@ -89,6 +88,7 @@ class CPlotApp : public CBaseApp
 {
     BOOL InitInstance() override
     {
+        Vant::hIcon = ::LoadIconW(::GetModuleHandleW(L"VantCore.dll"), MAKEINTRESOURCEW(100));
         Vant::Init();
         m_wnd = std::make_unique<CPlotWnd>();
         m_pMainWnd = m_wnd.get();

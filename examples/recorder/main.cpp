@@ -1,6 +1,5 @@
 // recorder: a scanning sonar on the screen, and what it shows in a video.
-//
-//   recorder [FILE.avi]     sweep.avi without a name
+//   recorder [FILE.avi]     into sweep.avi without a name
 // The same Render() draws the window and, off screen in the size of the video (InitPB, CapPB), the frames
 // that CEAvi takes: 50 in a second. docs/video.md tells of long recordings, and of what a crash leaves.
 #include <VantCore.h>
@@ -111,6 +110,7 @@ class CRecorderApp : public CBaseApp
 {
     BOOL InitInstance() override
     {
+        Vant::hIcon = ::LoadIconW(::GetModuleHandleW(L"VantCore.dll"), MAKEINTRESOURCEW(100));
         Vant::Init();
         m_wnd = std::make_unique<CSweep>();
         m_pMainWnd = m_wnd.get();

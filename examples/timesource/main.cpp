@@ -1,5 +1,4 @@
 // timesource: a source of time of one's own, and what the library makes of its readings.
-//
 // A receiver sends the time once a second, up to 40 ms late, and every fifth message is wrong. PollTm() must
 // not wait for a port: a thread of its own reads that, and a poll tells the time of the last message plus
 // what has passed since. TmSync fits a line to the last 60 readings, and GetTm() converts a time stamp by it.
@@ -112,6 +111,7 @@ class CTimeApp : public CBaseApp
 {
     BOOL InitInstance() override
     {
+        Vant::hIcon = ::LoadIconW(::GetModuleHandleW(L"VantCore.dll"), MAKEINTRESOURCEW(100));
         Vant::Init();
         TmSync::interval = 100; // milliseconds; the usual second would be a long time to watch
         if (!TmSync::Init())

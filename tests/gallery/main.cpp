@@ -4,6 +4,7 @@
 //   gallery --pictures FOLDER  saves it as pictures at three scales, and ends
 #include "CGalleryWnd.h"
 #include "Pictures.h"
+#include "resources/Ids.h"
 
 #include <cstdio>
 #include <memory>
@@ -16,6 +17,7 @@ class CGalleryApp : public CBaseApp
 public:
     BOOL InitInstance() override
     {
+        Vant::hIcon = ::LoadIconW(::GetModuleHandleW(L"VantCore.dll"), MAKEINTRESOURCEW(VANT_IDI_APP));
         Vant::Init();
         const bool takesPictures = __argc == 3 && CString(__wargv[1]) == L"--pictures";
         if (__argc > 1 && !takesPictures) {

@@ -4,6 +4,7 @@
 //   VantPictures FOLDER
 #include "pictures/Scenes.h"
 #include "pictures/ShownWindows.h"
+#include "resources/Ids.h"
 
 #include <atlimage.h>
 
@@ -323,6 +324,7 @@ int main(int argc, char* argv[])
     }
     Vant::appTitle = L"Survey";
     Vant::options |= 0x20; // no sound
+    Vant::hIcon = ::LoadIconW(::GetModuleHandleW(L"VantCore.dll"), MAKEINTRESOURCEW(VANT_IDI_APP));
     Vant::Init();
     CPictures pictures{CString(argv[1])};
     FillConsoles();
