@@ -1,11 +1,9 @@
 // A chart against clearing and showing a bitmap of the same size: what it costs is the pixels, not the
 // samples.
 #include "Compare.h"
+#include "Library.h"
 
 #include "controls/CEChart.h"
-#include "platform/Vant.h"
-
-#include <afxwin.h>
 
 #include <catch2/catch.hpp>
 
@@ -13,6 +11,7 @@
 #include <cmath>
 #include <cstdint>
 #include <mutex>
+#include <optional>
 #include <vector>
 
 namespace
@@ -24,27 +23,6 @@ constexpr double rate = 1000; // samples per second
 const CRect place(0, 0, 1000, 500);
 constexpr int frames = 20;
 
-void StartLibrary()
-{
-    static const bool started = [] {
-        Vant::Init();
-        return true;
-    }();
-    Keep(started);
-}
-
-/** A window of its own for what is compared. */
-class Host : public CWnd
-{
-public:
-    Host()
-    {
-        CreateEx(WS_EX_TOOLWINDOW, Vant::wndClass, L"chart", WS_POPUP, place, nullptr, 0);
-        ShowWindow(SW_SHOWNOACTIVATE);
-    }
-    ~Host() override { DestroyWindow(); }
-};
-
 double Reading(int i)
 {
     // A slow swell with noise, so that every column of pixels has its height.
@@ -54,7 +32,7 @@ double Reading(int i)
 
 /** A chart that shows all of its samples. */
 struct FullChart {
-    FullChart(Host& host, int count)
+    FullChart(HostWnd& host, int count)
     {
         chart.AddTrace(L"Depth", chart.AddStrip(L"Depth", 0), many);
         for (; added < count; ++added)
@@ -93,7 +71,7 @@ struct FullChart {
 class Bitmap : public CWnd
 {
 public:
-    explicit Bitmap(Host& host)
+    explicit Bitmap(HostWnd& host)
     {
         BITMAPINFO info{};
         info.bmiHeader.biSize = sizeof info.bmiHeader;
@@ -154,8 +132,8 @@ private:
 
 TEST_CASE("Drawing a chart", "[chart]")
 {
-    StartLibrary();
-    Host host;
+    const Library library;
+    HostWnd host(place.Size());
     Bitmap bitmap(host);
     FullChart full(host, many);
     FullChart hardlyAny(host, few);
@@ -167,7 +145,7 @@ TEST_CASE("Drawing a chart", "[chart]")
 
 TEST_CASE("Feeding a chart", "[chart]")
 {
-    StartLibrary();
+    const Library library;
     CEChart chart;
     constexpr int count = 100'000;
     chart.AddTrace(L"Depth", nullptr, count);

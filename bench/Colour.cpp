@@ -1,10 +1,10 @@
 // Colours: giving values their colours, against a table look-up with the same arithmetic in the caller's own
 // loop; loading tables, against reading the bytes of their files and nothing else.
 #include "Compare.h"
+#include "Library.h"
 
 #include "colour/CColTbl.h"
 #include "colour/CPal.h"
-#include "platform/Vant.h"
 
 #include <catch2/catch.hpp>
 
@@ -136,7 +136,7 @@ TEST_CASE("colours of values")
 
 TEST_CASE("colour tables")
 {
-    Vant::Init();
+    const Library library;
     const TableFiles files;
     const Round ours = [&](Stopwatch& watch) {
         CColTbl::s_colTbls.RemoveAll();
@@ -152,5 +152,4 @@ TEST_CASE("colour tables")
     Compare("colours: loading 200 tables of 256 entries (the bytes alone)", ours, bytesAlone,
             {.target = std::nullopt, .rounds = 41});
     CColTbl::s_colTbls.RemoveAll();
-    Vant::Exit();
 }

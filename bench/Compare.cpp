@@ -39,8 +39,8 @@ double Median(std::vector<double> values)
     return *middle;
 }
 
-/** Ratios scatter evenly on a logarithmic scale: twice as slow and twice as fast cancel out. The outermost
- * tenths are left out, because they say what else the machine was doing. */
+/** Ratios scatter evenly on a logarithmic scale: twice as slow and twice as fast cancel out. The outer
+ * quarters are left out, because they say what else the machine was doing. */
 std::vector<double> CentralLogarithms(std::vector<double> ratios)
 {
     std::sort(ratios.begin(), ratios.end());

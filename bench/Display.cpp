@@ -1,8 +1,8 @@
 #include "Compare.h"
+#include "Library.h"
 
 #include "display/CGLWnd.h"
 #include "platform/CBaseApp.h"
-#include "platform/Vant.h"
 
 #include <atlimage.h>
 
@@ -52,43 +52,40 @@ unsigned Ends(const CImage& image)
 
 TEST_CASE("display")
 {
-    Vant::Init();
+    const Library library;
+    PictureWnd wnd;
+    REQUIRE(wnd.CreateWnd(L"Bench", WS_POPUP, CRect(0, 0, 100, 100)));
     {
-        PictureWnd wnd;
-        REQUIRE(wnd.CreateWnd(L"Bench", WS_POPUP, CRect(0, 0, 100, 100)));
-        {
-            CClientDC dc(&wnd);
-            REQUIRE(wnd.InitPB(dc, width, height));
-        }
-        CImage image;
-        REQUIRE(image.Create(width, height, 32));
-
-        const Round ours = [&](Stopwatch& watch) {
-            watch.Measure([&] {
-                for (int i = 0; i < passes; ++i)
-                    Keep(wnd.CapPB(image));
-                Keep(Ends(image));
-            });
-        };
-        REQUIRE(wnd.CapPB(image));
-        const unsigned ends = Ends(image);
-        // The same buffer, by the calls that nobody can do without.
-        const Round byHand = [&](Stopwatch& watch) {
-            watch.Measure([&] {
-                for (int i = 0; i < passes; ++i) {
-                    ::wglMakeCurrent(wnd.dc, wnd.rc);
-                    glViewport(0, 0, width, height);
-                    glClear(GL_COLOR_BUFFER_BIT);
-                    glFlush();
-                    Read(image);
-                    ::wglMakeCurrent(nullptr, nullptr);
-                }
-                Keep(Ends(image));
-            });
-            REQUIRE(Ends(image) == ends);
-        };
-        Compare("display: picture of 874 x 576 by CapPB (the bare calls around glReadPixels)", ours, byHand,
-                {.target = 1.1});
+        CClientDC dc(&wnd);
+        REQUIRE(wnd.InitPB(dc, width, height));
     }
-    Vant::Exit();
+    CImage image;
+    REQUIRE(image.Create(width, height, 32));
+
+    const Round ours = [&](Stopwatch& watch) {
+        watch.Measure([&] {
+            for (int i = 0; i < passes; ++i)
+                Keep(wnd.CapPB(image));
+            Keep(Ends(image));
+        });
+    };
+    REQUIRE(wnd.CapPB(image));
+    const unsigned ends = Ends(image);
+    // The same buffer, by the calls that nobody can do without.
+    const Round byHand = [&](Stopwatch& watch) {
+        watch.Measure([&] {
+            for (int i = 0; i < passes; ++i) {
+                ::wglMakeCurrent(wnd.dc, wnd.rc);
+                glViewport(0, 0, width, height);
+                glClear(GL_COLOR_BUFFER_BIT);
+                glFlush();
+                Read(image);
+                ::wglMakeCurrent(nullptr, nullptr);
+            }
+            Keep(Ends(image));
+        });
+        REQUIRE(Ends(image) == ends);
+    };
+    Compare("display: picture of 874 x 576 by CapPB (the bare calls around glReadPixels)", ours, byHand,
+            {.target = 1.1});
 }

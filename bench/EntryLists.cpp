@@ -1,12 +1,10 @@
 // Lists of many entries, against the system's list box, and against the same list with few entries: what is
 // in view costs the same, however much is not.
 #include "Compare.h"
+#include "Library.h"
 
 #include "controls/CECb.h"
 #include "controls/CEList.h"
-#include "platform/Vant.h"
-
-#include <afxwin.h>
 
 #include <catch2/catch.hpp>
 
@@ -15,18 +13,10 @@
 namespace
 {
 
-constexpr int many = 100000;
+constexpr int many = 100'000;
 constexpr int few = 200;
+const CSize hostSize(400, 440);
 const CRect place(10, 10, 210, 414); // 20 rows
-
-void StartLibrary()
-{
-    static const bool started = [] {
-        Vant::Init();
-        return true;
-    }();
-    Keep(started);
-}
 
 CString TextOf(int entry)
 {
@@ -35,21 +25,9 @@ CString TextOf(int entry)
     return text;
 }
 
-/** A window of its own for what is compared. */
-class Host : public CWnd
-{
-public:
-    Host()
-    {
-        CreateEx(WS_EX_TOOLWINDOW, Vant::wndClass, L"lists", WS_POPUP, CRect(20, 20, 420, 460), nullptr, 0);
-        ShowWindow(SW_SHOWNOACTIVATE);
-    }
-    ~Host() override { DestroyWindow(); }
-};
-
 /** A library's list that is open, with so many entries. */
 struct OpenList {
-    OpenList(Host& host, int count)
+    OpenList(HostWnd& host, int count)
     {
         for (int i = 0; i < count; ++i)
             list.Add(TextOf(i), i);
@@ -91,8 +69,8 @@ Round OpenBox(CECb& box)
 
 TEST_CASE("Filling and opening a list", "[entries]")
 {
-    StartLibrary();
-    Host host;
+    const Library library;
+    HostWnd host(hostSize);
     const auto ours = [&](Stopwatch& watch) {
         CEList list;
         watch.Measure([&] {
@@ -125,8 +103,8 @@ TEST_CASE("Filling and opening a list", "[entries]")
 
 TEST_CASE("Scrolling and opening a long list", "[entries]")
 {
-    StartLibrary();
-    Host host;
+    const Library library;
+    HostWnd host(hostSize);
     OpenList longList(host, many);
     OpenList shortList(host, few);
     Compare("list box: scroll 50 rows of 100,000 (of 200)", Scroll(longList.list), Scroll(shortList.list),

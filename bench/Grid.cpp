@@ -2,11 +2,10 @@
 // is not; against the system's list view, which asks for its rows as well; and its sorting against the bare
 // sort of the same numbers.
 #include "Compare.h"
+#include "Library.h"
 
 #include "controls/CEGrid.h"
-#include "platform/Vant.h"
 
-#include <afxwin.h>
 #include <commctrl.h>
 
 #include <catch2/catch.hpp>
@@ -19,7 +18,7 @@
 namespace
 {
 
-constexpr int many = 1000000;
+constexpr int many = 1'000'000;
 constexpr int few = 200;
 constexpr int columns = 6;
 constexpr int steps = 50;
@@ -52,17 +51,14 @@ CString TextOf(int row, int col)
     return text;
 }
 
-/** A window of its own for what is compared, which gives a list view its texts. */
-class Host : public CWnd
+/** A window that gives a list view its texts. */
+class CListViewHost : public HostWnd
 {
 public:
-    Host()
+    CListViewHost()
+        : HostWnd(CSize(540, 480))
     {
-        Vant::Init();
-        CreateEx(WS_EX_TOOLWINDOW, Vant::wndClass, L"grids", WS_POPUP, CRect(20, 20, 560, 500), nullptr, 0);
-        ShowWindow(SW_SHOWNOACTIVATE);
     }
-    ~Host() override { DestroyWindow(); }
 
 protected:
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override
@@ -105,7 +101,7 @@ Round Scroll(CEGrid& grid)
 }
 
 /** The system's list view with rows that it asks for. */
-HWND OpenListView(Host& host)
+HWND OpenListView(HostWnd& host)
 {
     ::LoadLibraryW(L"comctl32.dll");
     const HWND view = ::CreateWindowExW(
@@ -128,7 +124,8 @@ HWND OpenListView(Host& host)
 
 TEST_CASE("Scrolling a grid of a million rows", "[grid]")
 {
-    Host host;
+    const Library library;
+    CListViewHost host;
     CEGrid longGrid;
     CEGrid shortGrid;
     Fill(longGrid, many);

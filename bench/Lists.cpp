@@ -7,6 +7,7 @@
 
 #include <list>
 #include <memory>
+#include <type_traits>
 
 namespace
 {

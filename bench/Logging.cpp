@@ -1,4 +1,5 @@
 #include "Compare.h"
+#include "TempFile.h"
 
 #include "platform/Vant.h"
 
@@ -10,7 +11,6 @@
 #include <spdlog/sinks/basic_file_sink.h>
 #include <spdlog/spdlog.h>
 
-#include <filesystem>
 #include <memory>
 #include <string>
 
@@ -23,32 +23,16 @@ const char* const lineText = "00012. (12:34:56) :Unable to get value err=Not in 
 const std::string narrowLine = std::string(lineText) + "\r\n";
 
 /** A log file that goes with its round. */
-class LogFile
+class LogFile : public TempFile
 {
 public:
-    explicit LogFile(const wchar_t* name)
-        : m_path(std::filesystem::temp_directory_path() / name)
-    {
-        std::filesystem::remove(m_path);
-    }
-    ~LogFile()
-    {
-        std::error_code ignored;
-        std::filesystem::remove(m_path, ignored);
-    }
-    LogFile(const LogFile&) = delete;
-    LogFile& operator=(const LogFile&) = delete;
-
-    const std::filesystem::path& Path() const { return m_path; }
-    bool IsComplete() const { return std::filesystem::file_size(m_path) == lines * narrowLine.size(); }
-
-private:
-    std::filesystem::path m_path;
+    using TempFile::TempFile;
+    bool IsComplete() const { return Size() == lines * narrowLine.size(); }
 };
 
 void OurRound(Stopwatch& watch)
 {
-    const LogFile file(L"vant-bench-ours.csv");
+    const LogFile file(L"ours.csv");
     const CString path = file.Path().c_str();
     const CString line = narrowLine.c_str();
     watch.Measure([&] {
@@ -61,7 +45,7 @@ void OurRound(Stopwatch& watch)
 /** What opening, writing and closing costs without anything else. */
 void SystemRound(Stopwatch& watch)
 {
-    const LogFile file(L"vant-bench-system.csv");
+    const LogFile file(L"system.csv");
     watch.Measure([&] {
         for (int i = 0; i < lines; ++i) {
             const HANDLE handle = ::CreateFileW(file.Path().c_str(), FILE_APPEND_DATA, FILE_SHARE_READ,
@@ -76,7 +60,7 @@ void SystemRound(Stopwatch& watch)
 
 void SpdlogRound(Stopwatch& watch)
 {
-    const LogFile file(L"vant-bench-spdlog.csv");
+    const LogFile file(L"spdlog.csv");
     {
         auto sink = std::make_shared<spdlog::sinks::basic_file_sink_mt>(file.Path().string());
         spdlog::logger logger("bench", sink);

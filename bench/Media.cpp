@@ -1,14 +1,14 @@
 #include "Compare.h"
+#include "TempFile.h"
 
 #include "media/CEAvi.h"
 #include "media/detail/AviCalls.h"
-#include "platform/Vant.h"
 
 #include <atlimage.h>
 
 #include <catch2/catch.hpp>
 
-#include <filesystem>
+#include <optional>
 #include <string>
 
 namespace
@@ -19,24 +19,8 @@ constexpr int height = 576;
 constexpr DWORD frameBytes = width * height * 4;
 constexpr int frames = 20;
 
-/** A file in the folder of temporary files that is deleted with this. */
-struct TempFile {
-    std::wstring path;
-
-    explicit TempFile(const wchar_t* name)
-        : path(std::filesystem::temp_directory_path() / name)
-    {
-    }
-    ~TempFile()
-    {
-        std::error_code ignored;
-        std::filesystem::remove(path, ignored);
-    }
-    unsigned long long Size() const { return std::filesystem::file_size(path); }
-};
-
 /** The same file by the bare calls, without a header meanwhile and without looking at the bitmap. */
-void RecordByHand(Stopwatch& watch, const std::wstring& path, void* pixels)
+void RecordByHand(Stopwatch& watch, const std::filesystem::path& path, void* pixels)
 {
     BITMAPINFOHEADER format{};
     format.biSize = sizeof format;
@@ -75,13 +59,13 @@ void CompareWith(const char* rows, bool topDown)
     REQUIRE(image.Create(width, topDown ? -height : height, 32));
     for (int y = 0; y < height; ++y)
         *static_cast<unsigned*>(image.GetPixelAddress(y, y)) = static_cast<unsigned>(y);
-    const TempFile video(L"vant-bench.avi");
-    const TempFile plain(L"vant-bench-peer.avi");
+    const TempFile video(L"ours.avi");
+    const TempFile plain(L"peer.avi");
 
     // Looking for a codec, once for a file, is no part of writing.
     const Round ours = [&](Stopwatch& watch) {
         CEAvi avi;
-        REQUIRE(avi.Open(video.path.c_str()));
+        REQUIRE(avi.Open(video.Path().c_str()));
         REQUIRE(avi.AddDib(image));
         watch.Measure([&] {
             for (int i = 0; i < frames; ++i)
@@ -92,7 +76,7 @@ void CompareWith(const char* rows, bool topDown)
     };
     const Round bytes = [&](Stopwatch& watch) {
         const void* const lowest = image.GetPixelAddress(0, topDown ? 0 : height - 1);
-        const HANDLE file = ::CreateFileW(plain.path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
+        const HANDLE file = ::CreateFileW(plain.Path().c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
                                           FILE_ATTRIBUTE_NORMAL, nullptr);
         const auto write = [&] {
             DWORD written = 0;
@@ -108,7 +92,7 @@ void CompareWith(const char* rows, bool topDown)
     };
     const Round byHand = [&](Stopwatch& watch) {
         void* const lowest = image.GetPixelAddress(0, topDown ? 0 : height - 1);
-        RecordByHand(watch, plain.path, lowest);
+        RecordByHand(watch, plain.Path(), lowest);
         REQUIRE(plain.Size() > frameBytes * frames);
     };
     const std::string work =

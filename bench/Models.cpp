@@ -1,6 +1,8 @@
 // Models: reading their files, against reading the bytes into memory and nothing else; drawing, against the
 // arrays of the same triangles.
 #include "Compare.h"
+#include "Library.h"
+#include "TempFile.h"
 
 #include "display/CDsp.h"
 #include "display/CDspGrp.h"
@@ -8,7 +10,6 @@
 #include "display/CMdlInf.h"
 #include "display/CModel.h"
 #include "display/detail/ModelData.h"
-#include "platform/Vant.h"
 #include "tests/display/Models.h"
 
 #include <atlimage.h>
@@ -19,7 +20,6 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <filesystem>
 #include <fstream>
 #include <functional>
 #include <memory>
@@ -35,39 +35,23 @@ constexpr int side = 180; // of a mesh: 64,082 triangles, as many as the format'
 constexpr int drawnMeshes = 4; // some 200,000 triangles
 constexpr int drawnSide = 160;
 
-class LargeFile
+/** A file of a model. */
+class ModelFile : public TempFile
 {
 public:
-    explicit LargeFile(const vant::detail::ModelData& model)
-        : m_path(std::filesystem::temp_directory_path() /
-                 ("vant-bench-" + std::to_string(::GetCurrentProcessId()) + ".3ds"))
+    explicit ModelFile(const vant::detail::ModelData& model)
+        : TempFile(L"model.3ds")
     {
-        const std::string bytes = support::Write3ds(model);
-        std::ofstream(m_path, std::ios::binary) << bytes;
-        m_size = bytes.size();
+        std::ofstream(Path(), std::ios::binary) << support::Write3ds(model);
     }
-    ~LargeFile()
-    {
-        std::error_code ignored;
-        std::filesystem::remove(m_path, ignored);
-    }
-    LargeFile(const LargeFile&) = delete;
-    LargeFile& operator=(const LargeFile&) = delete;
-
-    LPCWSTR Path() const { return m_path.c_str(); }
-    std::size_t Size() const { return m_size; }
-
-private:
-    std::filesystem::path m_path;
-    std::size_t m_size = 0;
 };
 
 /** @return a sum over the bytes' ends, so that they have to be there */
-unsigned ReadBytes(const LargeFile& file)
+unsigned ReadBytes(const ModelFile& file)
 {
     constexpr DWORD block = 65'536;
     const HANDLE handle =
-        ::CreateFileW(file.Path(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
+        ::CreateFileW(file.Path().c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
     const auto bytes = std::make_unique_for_overwrite<unsigned char[]>(file.Size() + block);
     std::size_t size = 0;
     DWORD got = 0;
@@ -214,88 +198,81 @@ void BareFrame(HDC dc, HGLRC rc, const std::vector<Corner>& corners, int* lit = 
 TEST_CASE("models in a view")
 {
     constexpr int frames = 3;
-    Vant::Init();
-    {
-        const vant::detail::ModelData sea = support::Sea(drawnMeshes, drawnSide);
-        const LargeFile file(sea);
-        CDspGrp group;
-        ModelMdl mdl;
-        REQUIRE(mdl.model.Read3DS(file.Path()));
-        const std::vector<Corner> corners = Arrays(sea);
-        ShownView view;
-        REQUIRE(
-            view.CreateWnd(L"Bench", WS_POPUP | WS_VISIBLE, CRect(0, 0, ShownView::size, ShownView::size)));
-        view.SetViewOrg({drawnMeshes * drawnSide / 2.0, drawnSide / 2.0, 0});
-        view.SetZoom(drawnMeshes * drawnSide);
-        const Round ours = [&](Stopwatch& watch) {
-            watch.Measure([&] {
-                for (int i = 0; i < frames; ++i) {
-                    mdl.ModelChanged(0);
-                    CVantWnd::Poll(0);
-                }
-            });
-            REQUIRE(!view.IsDrawNeeded());
-        };
-        view.RedrawWnd();
-        REQUIRE(view.rc);
-        CClientDC dc(&view);
-        int lit = 0;
-        BareFrame(dc, view.rc, corners, &lit);
-        // Both show the model in the same size.
-        REQUIRE(lit > ShownView::size * ShownView::size / (drawnMeshes * 2));
-        REQUIRE(std::abs(view.lit - lit) < lit / 4);
-        const Round bare = [&](Stopwatch& watch) {
-            watch.Measure([&] {
-                for (int i = 0; i < frames; ++i)
-                    BareFrame(dc, view.rc, corners);
-            });
-        };
-        Compare("models: a frame of " + std::to_string(mdl.model.GetFaceCount()) +
-                    " triangles in a CDsp (a bare loop of the same arrays)",
-                ours, bare, {.target = 1 / 0.9, .rounds = 21});
-    }
-    Vant::Exit();
+    const Library library;
+    const vant::detail::ModelData sea = support::Sea(drawnMeshes, drawnSide);
+    const ModelFile file(sea);
+    CDspGrp group;
+    ModelMdl mdl;
+    REQUIRE(mdl.model.Read3DS(file.Path().c_str()));
+    const std::vector<Corner> corners = Arrays(sea);
+    ShownView view;
+    REQUIRE(view.CreateWnd(L"Bench", WS_POPUP | WS_VISIBLE, CRect(0, 0, ShownView::size, ShownView::size)));
+    view.SetViewOrg({drawnMeshes * drawnSide / 2.0, drawnSide / 2.0, 0});
+    view.SetZoom(drawnMeshes * drawnSide);
+    const Round ours = [&](Stopwatch& watch) {
+        watch.Measure([&] {
+            for (int i = 0; i < frames; ++i) {
+                mdl.ModelChanged(0);
+                CVantWnd::Poll(0);
+            }
+        });
+        REQUIRE(!view.IsDrawNeeded());
+    };
+    view.RedrawWnd();
+    REQUIRE(view.rc);
+    CClientDC dc(&view);
+    int lit = 0;
+    BareFrame(dc, view.rc, corners, &lit);
+    // Both show the model in the same size.
+    REQUIRE(lit > ShownView::size * ShownView::size / (drawnMeshes * 2));
+    REQUIRE(std::abs(view.lit - lit) < lit / 4);
+    const Round bare = [&](Stopwatch& watch) {
+        watch.Measure([&] {
+            for (int i = 0; i < frames; ++i)
+                BareFrame(dc, view.rc, corners);
+        });
+    };
+    Compare("models: a frame of " + std::to_string(mdl.model.GetFaceCount()) +
+                " triangles in a CDsp (a bare loop of the same arrays)",
+            ours, bare, {.target = 1 / 0.9, .rounds = 21});
 }
 
 TEST_CASE("models drawn")
 {
-    Vant::Init();
-    {
-        const vant::detail::ModelData sea = support::Sea(drawnMeshes, drawnSide);
-        const LargeFile file(sea);
-        CModel model;
-        REQUIRE(model.Read3DS(file.Path()));
-        REQUIRE(model.GetFaceCount() > 200'000);
-        const std::vector<Corner> corners = Arrays(sea);
+    const Library library;
+    const vant::detail::ModelData sea = support::Sea(drawnMeshes, drawnSide);
+    const ModelFile file(sea);
+    CModel model;
+    REQUIRE(model.Read3DS(file.Path().c_str()));
+    REQUIRE(model.GetFaceCount() > 200'000);
+    const std::vector<Corner> corners = Arrays(sea);
 
-        ModelView view;
-        REQUIRE(view.CreateWnd(L"Bench", WS_POPUP, CRect(0, 0, 100, 100)));
-        {
-            CClientDC dc(&view);
-            REQUIRE(view.InitPB(dc, ModelView::size, ModelView::size));
-        }
-        CImage image;
-        REQUIRE(image.Create(ModelView::size, ModelView::size, 32));
-        const Round ours = [&](Stopwatch& watch) {
-            Picture(
-                view, image, [&] { model.DrawModel(view); }, watch);
-        };
-        const Round arrays = [&](Stopwatch& watch) {
-            Picture(
-                view, image, [&] { DrawArrays(corners); }, watch);
-        };
-        Compare("models: drawing " + std::to_string(model.GetFaceCount()) + " triangles (the bare arrays)",
-                ours, arrays, {.target = 1 / 0.9, .rounds = 21});
+    ModelView view;
+    REQUIRE(view.CreateWnd(L"Bench", WS_POPUP, CRect(0, 0, 100, 100)));
+    {
+        CClientDC dc(&view);
+        REQUIRE(view.InitPB(dc, ModelView::size, ModelView::size));
     }
-    Vant::Exit();
+    CImage image;
+    REQUIRE(image.Create(ModelView::size, ModelView::size, 32));
+    const Round ours = [&](Stopwatch& watch) {
+        Picture(
+            view, image, [&] { model.DrawModel(view); }, watch);
+    };
+    const Round arrays = [&](Stopwatch& watch) {
+        Picture(
+            view, image, [&] { DrawArrays(corners); }, watch);
+    };
+    Compare("models: drawing " + std::to_string(model.GetFaceCount()) + " triangles (the bare arrays)", ours,
+            arrays, {.target = 1 / 0.9, .rounds = 21});
 }
 
 TEST_CASE("models")
 {
-    const LargeFile file(support::Sea(meshes, side));
+    const ModelFile file(support::Sea(meshes, side));
     const Round ours = [&](Stopwatch& watch) {
         CModel model;
-        watch.Measure([&] { REQUIRE(model.Read3DS(file.Path())); });
+        watch.Measure([&] { REQUIRE(model.Read3DS(file.Path().c_str())); });
         REQUIRE(model.GetFaceCount() > 1'000'000);
     };
     const Round bytesAlone = [&](Stopwatch& watch) {

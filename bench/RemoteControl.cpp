@@ -1,9 +1,9 @@
 // Steps of an external controller through a large set of controls, against the Tab key's way through the
 // same.
 #include "Compare.h"
+#include "Library.h"
 
 #include "controls/CRcMgr.h"
-#include "platform/Vant.h"
 
 #include <catch2/catch.hpp>
 
@@ -30,7 +30,7 @@ public:
 
 TEST_CASE("Stepping through controls", "[windows]")
 {
-    Vant::Init();
+    const Library library;
     CButtons window;
     window.CreateWnd(L"buttons", WS_POPUP, CRect(20, 20, 1220, 420));
     window.ShowWindow(SW_SHOWNOACTIVATE);

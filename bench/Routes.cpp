@@ -66,15 +66,15 @@ std::vector<double> Anywhere()
     return at;
 }
 
-Round Entries(const std::vector<double>& at, int (CRoute::*entry)(double, CRtV3&) const = &CRoute::Q2Entry)
+Round Entries(const std::vector<double>& at)
 {
-    return [at, entry](Stopwatch& watch) {
+    return [at](Stopwatch& watch) {
         const CRoute& route = TheSurvey().route;
         CRtV3 place;
         int found = 0;
         watch.Measure([&] {
             for (const double q : at) {
-                found += (route.*entry)(q, place);
+                found += route.Q2Entry(q, place);
                 Keep(place.x);
             }
         });

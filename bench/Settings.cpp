@@ -3,20 +3,21 @@
 //
 // What the peers do:
 // - loading, owned: read the file at once, parse it in place (parse_default), build collections, objects and
-// items in
-//   vectors, with names and values as std::wstring, as CESet holds them as CString. Widening is a plain copy,
-//   which ASCII allows.
+// items
+//   in vectors, with names and values as std::wstring, as CESet holds them as CString. Widening is a plain
+//   copy, which ASCII allows.
 // - loading, wide in place: read the file at once, widen it at once, parse the wide text in place. The texts
 // are
 //   stretches of that one buffer: nothing is built beyond the parser's nodes, nothing can be changed.
 // - loading, narrow in place: the parser alone on narrow text; nobody gets a wide text.
 // - saving, wide: print a ready document of wide text (print_no_indenting is not set: tabs and line ends are
-// written)
-//   into a ready buffer, narrow it, and write it as CESet::Save does, to a file beside, flushed and renamed.
+//   written) into a ready buffer, narrow it, and write it as CESet::Save does, to a file beside, flushed and
+//   renamed.
 // - the plain file: the same bytes, ready in memory, to a file beside, flushed and renamed; once more without
 // flush.
 
 #include "Compare.h"
+#include "TempFile.h"
 
 #include "settings/CESet.h"
 
@@ -60,11 +61,12 @@ constexpr int collections = 200;
 constexpr int objects = 50;
 constexpr std::size_t allItems = std::size_t{collections} * objects * 20;
 
-std::wstring FileName()
+/** The file that all rounds read and write. */
+const std::wstring& FileName()
 {
-    wchar_t folder[MAX_PATH] = {};
-    GetTempPathW(MAX_PATH, folder);
-    return folder + std::wstring(L"VantBenchSettings.xml");
+    static const TempFile file(L"settings.xml");
+    static const std::wstring name = file.Path();
+    return name;
 }
 
 /** What a control of an instrument display keeps. */
@@ -325,5 +327,4 @@ TEST_CASE("Settings against RapidXML", "[settings]")
             {.target = {}, .rounds = rounds});
     Compare("settings: 2,000 items in order / in reverse", Lookup(false), Lookup(true),
             {.target = {}, .rounds = rounds});
-    DeleteFileW(FileName().c_str());
 }

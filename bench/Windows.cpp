@@ -1,13 +1,12 @@
 // Windows full of controls, against as many bare windows of the system that do the least that could stand for
 // them: each a child window with its own number, drawn as text into a bitmap first.
 #include "Compare.h"
+#include "Library.h"
 
 #include "controls/CVantWnd.h"
-#include "platform/Vant.h"
 
 #include <catch2/catch.hpp>
 
-#include <string>
 #include <vector>
 
 namespace
@@ -17,15 +16,6 @@ constexpr int perLine = 40;
 constexpr int cellW = 50; // of a control and the gap behind it
 constexpr int cellH = 24;
 const CRect place(20, 20, 1220, 1020);
-
-void StartLibrary()
-{
-    static const bool started = [] {
-        Vant::Init();
-        return true;
-    }();
-    Keep(started);
-}
 
 /** A platform window with `count` read-outs. */
 class CControls : public CVantWnd
@@ -157,7 +147,7 @@ void Repaint(HWND wnd)
 
 TEST_CASE("A window of many controls", "[windows]")
 {
-    StartLibrary();
+    const Library library;
     static constexpr int controls = 2000;
     const auto ours = [](Stopwatch& watch) {
         CControls window(controls);
@@ -185,7 +175,7 @@ TEST_CASE("A window of many controls", "[windows]")
 
 TEST_CASE("Repainting a window of controls", "[windows]")
 {
-    StartLibrary();
+    const Library library;
     constexpr int controls = 200;
     CControls window(controls);
     window.Open(SW_SHOWNOACTIVATE);
