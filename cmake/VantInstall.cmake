@@ -43,19 +43,31 @@ install(FILES
   ${CMAKE_CURRENT_BINARY_DIR}/VantCoreConfigVersion.cmake
   DESTINATION ${VANT_PACKAGE_DIR} COMPONENT development)
 
+# The pages of an installed folder lead to what is installed.
+function(vant_install_links folder component)
+  install(CODE "
+    set(FOLDER \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${folder}\")
+    include(\"${CMAKE_CURRENT_FUNCTION_LIST_DIR}/package/Pages.cmake\")"
+    COMPONENT ${component})
+endfunction()
+
 # The examples are projects of their own; a list above them builds them all. The tree's list uses the tree's targets.
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/examples/
   DESTINATION examples COMPONENT examples
   REGEX "examples/CMakeLists\\.txt$" EXCLUDE)
+vant_install_links(examples examples)
 install(FILES ${CMAKE_CURRENT_LIST_DIR}/package/examples.cmake
   DESTINATION examples COMPONENT examples RENAME CMakeLists.txt)
 
-install(FILES ${PROJECT_SOURCE_DIR}/README.md ${PROJECT_SOURCE_DIR}/CHANGELOG.md
+# The first page is the package's own: the tree's tells how to work on the library.
+configure_file(${CMAKE_CURRENT_LIST_DIR}/package/README.md.in ${CMAKE_CURRENT_BINARY_DIR}/package/README.md @ONLY)
+install(FILES ${CMAKE_CURRENT_BINARY_DIR}/package/README.md ${PROJECT_SOURCE_DIR}/CHANGELOG.md
   DESTINATION . COMPONENT documentation)
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs/
   DESTINATION docs COMPONENT documentation
   FILES_MATCHING PATTERN "*.md" PATTERN "*.png" PATTERN "*.cpp"
   PATTERN site EXCLUDE)
+vant_install_links(docs documentation)
 # The pages as a site with the interface's reference, where ./run-docs has built it.
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/build/site/
   DESTINATION docs/html COMPONENT documentation OPTIONAL)

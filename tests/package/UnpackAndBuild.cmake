@@ -26,6 +26,7 @@ foreach(expected
     message(FATAL_ERROR "The archive lacks ${expected}")
   endif()
 endforeach()
+step("Following the links" ${PYTHON} ${CMAKE_CURRENT_LIST_DIR}/../../scripts/links --package "${root}")
 file(GLOB_RECURSE strays "${root}/*.debug" "${root}/*gtest*" "${root}/*gmock*")
 if(strays)
   message(FATAL_ERROR "The archive holds what users do not need: ${strays}")
