@@ -2,6 +2,8 @@
 // together.
 #include "Pictures.h"
 
+#include "support/MessagePump.h"
+
 #include <algorithm>
 #include <cstdio>
 
@@ -9,17 +11,6 @@ namespace
 {
 
 constexpr DWORD settleTime = 300; // milliseconds, until the screen shows what was drawn
-
-void HandleMessages()
-{
-    const ULONGLONG end = ::GetTickCount64() + settleTime;
-    do {
-        MSG message;
-        while (::PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE) && AfxGetThread()->PumpMessage()) {
-        }
-        ::Sleep(5);
-    } while (::GetTickCount64() < end);
-}
 
 /** Copies what the screen shows of the window, and of what stands over it, to where it belongs. */
 void Grab(CGalleryWnd& gallery, CImage& image)
@@ -76,7 +67,7 @@ bool TakePicture(CGalleryWnd& gallery, int dpi, const CString& file)
     int last = -1;
     for (gallery.ScrollTo(0); gallery.ScrollPos() != last;) {
         last = gallery.ScrollPos();
-        HandleMessages();
+        vant::test::PumpFor(settleTime);
         Grab(gallery, image);
         gallery.ScrollTo(last + scale.ToUnits(place.Height()) / 2 * 2);
     }

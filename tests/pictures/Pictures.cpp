@@ -5,6 +5,7 @@
 #include "pictures/Scenes.h"
 #include "pictures/ShownWindows.h"
 #include "resources/Ids.h"
+#include "support/MessagePump.h"
 
 #include <atlimage.h>
 
@@ -15,21 +16,11 @@ namespace
 {
 
 using namespace shown;
+using vant::test::PumpFor;
 
 constexpr DWORD settleTime = 300; // milliseconds, until the screen shows what was drawn
 
 CBaseApp theApp;
-
-void HandleMessages(DWORD milliseconds)
-{
-    const ULONGLONG end = ::GetTickCount64() + milliseconds;
-    do {
-        MSG message;
-        while (::PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE) && AfxGetThread()->PumpMessage()) {
-        }
-        ::Sleep(5);
-    } while (::GetTickCount64() < end);
-}
 
 class CPictures
 {
@@ -53,7 +44,7 @@ public:
     /** Saves a rectangle of the screen, so that what stands over a window is in its picture. */
     void SaveScreen(const CRect& place, const wchar_t* file)
     {
-        HandleMessages(settleTime);
+        PumpFor(settleTime);
         constexpr int bitsPerPixel = 24;
         CImage image;
         if (!image.Create(place.Width(), place.Height(), bitsPerPixel)) {
@@ -89,7 +80,7 @@ void TakePanel(CPictures& pictures)
     for (double t = 0; t < 3.3; t += 0.1) {
         CECtrl::UpdateAuCtrls(t);
         panel.Advance();
-        HandleMessages(100);
+        PumpFor(100);
     }
     pictures.Save(panel, L"panel.png");
 }
@@ -122,17 +113,17 @@ void TakeForm(CPictures& pictures)
     CForm form;
     form.CreateWnd(L"Form", WS_OVERLAPPEDWINDOW, CRect(40, 40, 460, 560));
     form.ShowWindow(SW_SHOW);
-    HandleMessages(settleTime);
+    PumpFor(settleTime);
     form.invalid->SetFocus();
     form.invalid->SetWindowText(L"300");
-    HandleMessages(settleTime);
+    PumpFor(settleTime);
     pictures.Save(form, L"form.png");
 
     // The tool tip comes after the mouse has rested.
     CRect place;
     form.first->GetWindowRect(&place);
     ::SetCursorPos(place.left + 20, place.top + 8);
-    HandleMessages(static_cast<DWORD>(Vant::hoverTime * 1000) + 3 * settleTime);
+    PumpFor(static_cast<unsigned>(Vant::hoverTime * 1000) + 3 * settleTime);
     CRect around(place);
     around.InflateRect(180, 40, 260, 60);
     pictures.SaveScreen(around, L"tooltip.png");
@@ -168,7 +159,7 @@ void TakeLists(CPictures& pictures)
     CLists lists;
     lists.CreateWnd(L"Lists", WS_OVERLAPPEDWINDOW, CRect(40, 40, 420, 420));
     lists.ShowWindow(SW_SHOW);
-    HandleMessages(settleTime);
+    PumpFor(settleTime);
     lists.open->Open();
     pictures.Save(lists, L"lists.png");
 }
@@ -181,7 +172,7 @@ void TakeChart(CPictures& pictures)
     CRect place;
     wnd.chart->GetWindowRect(&place);
     ::SetCursorPos(place.left + place.Width() * 2 / 3, place.top + place.Height() / 3);
-    HandleMessages(settleTime);
+    PumpFor(settleTime);
     pictures.Save(*wnd.chart, L"strip-chart.png");
     ::SetCursorPos(0, 0);
 }
@@ -191,7 +182,7 @@ void TakeTable(CPictures& pictures)
     CTable table;
     table.CreateWnd(L"Soundings", WS_OVERLAPPEDWINDOW, CRect(40, 40, 472, 380));
     table.ShowWindow(SW_SHOW);
-    HandleMessages(settleTime);
+    PumpFor(settleTime);
     CEGrid& grid = *table.grid;
     grid.Sel(grid.RowAt(3), 1);
     grid.SetFocus();
@@ -199,7 +190,7 @@ void TakeTable(CPictures& pictures)
     const LPARAM at = MAKELPARAM(to.left + 4, to.top + 4);
     grid.SendMessage(WM_LBUTTONDOWN, MK_LBUTTON | MK_SHIFT, at);
     grid.SendMessage(WM_LBUTTONUP, 0, at);
-    HandleMessages(settleTime);
+    PumpFor(settleTime);
     pictures.Save(table, L"grid.png");
     grid.Sel(grid.RowAt(4), 1);
     grid.BeginEdit();
@@ -216,7 +207,7 @@ void TakeMenu(CPictures& pictures)
     CVantWnd chart;
     chart.CreateWnd(L"Chart", WS_OVERLAPPEDWINDOW, CRect(40, 40, 500, 360));
     chart.ShowWindow(SW_SHOW);
-    HandleMessages(settleTime);
+    PumpFor(settleTime);
     int layers = 5;
     int range = 100;
     CEMenu context;
@@ -262,7 +253,7 @@ void TakeConsoles(CPictures& pictures)
     for (const auto& [console, size, file] : all) {
         console.CreateWnd(L"The Output Window", WS_OVERLAPPEDWINDOW, CRect(CPoint(40, 40), size));
         console.ShowWindow(SW_SHOW);
-        HandleMessages(settleTime);
+        PumpFor(settleTime);
         if (&console == &Vant::csl) {
             console.Cats().GetHead()->expanded = 1;
             console.LayoutWnd();
@@ -285,7 +276,7 @@ void TakeMessages(CPictures& pictures)
                       L"message-stop.png"}};
     for (const auto& [type, text, file] : all) {
         Vant::MsgBox(type, L"%s", text);
-        HandleMessages(settleTime);
+        PumpFor(settleTime);
         pictures.Save(Vant::msgBox, file);
     }
     Vant::msgBox.DestroyWindow();

@@ -19,14 +19,19 @@ bool vant::test::PumpPending()
 
 bool vant::test::PumpUntil(const std::function<bool()>& condition, unsigned milliseconds)
 {
-    constexpr DWORD LookAgainAfter = 20;
+    constexpr DWORD lookAgainAfter = 20;
     const ULONGLONG end = ::GetTickCount64() + milliseconds;
     while (!condition()) {
         if (::GetTickCount64() > end)
             return false;
         PumpPending();
         if (!condition())
-            ::MsgWaitForMultipleObjects(0, nullptr, FALSE, LookAgainAfter, QS_ALLINPUT);
+            ::MsgWaitForMultipleObjects(0, nullptr, FALSE, lookAgainAfter, QS_ALLINPUT);
     }
     return true;
+}
+
+void vant::test::PumpFor(unsigned milliseconds)
+{
+    PumpUntil([] { return false; }, milliseconds);
 }
