@@ -24,7 +24,7 @@ struct Pixel {
     bool operator==(const Pixel&) const = default;
 };
 
-constexpr Pixel kBackground{39, 18, 0, 255};
+constexpr Pixel background{39, 18, 0, 255};
 
 /** A skin's pixels as stored in the library, top row first. */
 struct Pixels {
@@ -108,14 +108,14 @@ TEST(Skins, OpaqueSkinsHoldTheKeyColourOnlyAsBackground)
         int wrongColour = 0, notOpaque = 0, drawn = 0;
         for (const Pixel& p : Read(LoadSection(skin.id).get()).data) {
             notOpaque += p.alpha != 255;
-            drawn += p != kBackground;
-            wrongColour += DistanceFromKey(p) <= 10.0 && p != kBackground;
+            drawn += p != background;
+            wrongColour += DistanceFromKey(p) <= 10.0 && p != background;
         }
         EXPECT_EQ(notOpaque, 0);
         EXPECT_EQ(wrongColour, 0);
         EXPECT_GT(drawn, 50);
     }
-    EXPECT_LE(DistanceFromKey(kBackground), 10.0);
+    EXPECT_LE(DistanceFromKey(background), 10.0);
 }
 
 TEST(Skins, GlowIsPremultipliedAndSymmetric)
@@ -203,7 +203,7 @@ TEST(Skins, MessageBackgroundLeavesThePlacesOfIconAndButtonsClear)
     for (const skins::Region& region : {place::icon, place::button1, place::button2, place::button3})
         for (int y = region.y; y < region.y + region.h; ++y)
             for (int x = region.x; x < region.x + region.w; ++x)
-                ASSERT_EQ(back.at(x, y), kBackground) << x << "," << y;
+                ASSERT_EQ(back.at(x, y), background) << x << "," << y;
     EXPECT_EQ(place::button1.x, 235);
     EXPECT_EQ(place::button1.x + place::button1.w - 1, 335);
     EXPECT_EQ(place::button1.y, 200);

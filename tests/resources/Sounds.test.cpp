@@ -18,8 +18,8 @@ T At(std::span<const std::byte> bytes, std::size_t offset)
     return value;
 }
 
-constexpr std::size_t kHeader = 44;
-constexpr int kRate = 44100;
+constexpr std::size_t headerSize = 44;
+constexpr int rate = 44100;
 
 struct Expected {
     int id;
@@ -35,20 +35,20 @@ TEST(Sounds, AreShortPcmThatStartsAndEndsInSilence)
           Expected{VANT_IDW_NOTICE, 0.85}, Expected{VANT_IDW_REFUSE, 0.44}}) {
         SCOPED_TRACE(id);
         const auto wave = ResourceBytes(id, L"WAVE");
-        ASSERT_GT(wave.size(), kHeader);
+        ASSERT_GT(wave.size(), headerSize);
         EXPECT_EQ(std::memcmp(wave.data(), "RIFF", 4), 0);
         EXPECT_EQ(std::memcmp(wave.data() + 8, "WAVEfmt ", 8), 0);
         const auto size = At<std::uint32_t>(wave, 40);
-        ASSERT_EQ(size + kHeader, wave.size());
+        ASSERT_EQ(size + headerSize, wave.size());
         EXPECT_EQ(At<std::uint32_t>(wave, 4) + 8, wave.size());
         EXPECT_EQ(At<std::uint16_t>(wave, 20), 1) << "not PCM";
         EXPECT_EQ(At<std::uint16_t>(wave, 22), 1) << "not mono";
-        EXPECT_EQ(At<std::uint32_t>(wave, 24), std::uint32_t{kRate});
+        EXPECT_EQ(At<std::uint32_t>(wave, 24), std::uint32_t{rate});
         EXPECT_EQ(At<std::uint16_t>(wave, 34), 16);
-        EXPECT_NEAR(size / 2.0 / kRate, seconds, 0.001);
+        EXPECT_NEAR(size / 2.0 / rate, seconds, 0.001);
 
         std::vector<std::int16_t> samples(size / 2);
-        std::memcpy(samples.data(), wave.data() + kHeader, size);
+        std::memcpy(samples.data(), wave.data() + headerSize, size);
         int loudest = 0, step = 0;
         for (std::size_t i = 0; i < samples.size(); ++i) {
             loudest = std::max(loudest, std::abs(int{samples[i]}));

@@ -20,10 +20,10 @@ bool IsWine()
 
 int CountGdiTable()
 {
-    constexpr std::size_t TableInPeb = 0xF8;
-    constexpr std::size_t Entries = 65536;
-    constexpr std::size_t EntrySize = 24;
-    constexpr std::size_t TypeInEntry = 14;
+    constexpr std::size_t tableInPeb = 0xF8;
+    constexpr std::size_t entries = 65536;
+    constexpr std::size_t entrySize = 24;
+    constexpr std::size_t typeInEntry = 14;
 
     PROCESS_BASIC_INFORMATION process{};
     ::NtQueryInformationProcess(::GetCurrentProcess(), ProcessBasicInformation, &process, sizeof process,
@@ -32,13 +32,13 @@ int CountGdiTable()
     if (peb == nullptr)
         return 0;
     const char* table = nullptr;
-    std::memcpy(&table, peb + TableInPeb, sizeof table);
+    std::memcpy(&table, peb + tableInPeb, sizeof table);
     if (table == nullptr)
         return 0;
     int live = 0;
-    for (std::size_t i = 0; i < Entries; ++i) {
+    for (std::size_t i = 0; i < entries; ++i) {
         unsigned short type = 0;
-        std::memcpy(&type, table + i * EntrySize + TypeInEntry, sizeof type);
+        std::memcpy(&type, table + i * entrySize + typeInEntry, sizeof type);
         live += type != 0 ? 1 : 0;
     }
     return live;
@@ -47,7 +47,7 @@ int CountGdiTable()
 int CountSystemHandles()
 {
     constexpr auto SystemHandleInformation = static_cast<SYSTEM_INFORMATION_CLASS>(16);
-    constexpr NTSTATUS TooSmall = static_cast<NTSTATUS>(0xC0000004);
+    constexpr NTSTATUS tooSmall = static_cast<NTSTATUS>(0xC0000004);
     struct Entry {
         ULONG owner;
         BYTE type;
@@ -60,7 +60,7 @@ int CountSystemHandles()
     ULONG needed = 0;
     NTSTATUS status = 0;
     while ((status = ::NtQuerySystemInformation(SystemHandleInformation, answer.data(),
-                                                static_cast<ULONG>(answer.size()), &needed)) == TooSmall)
+                                                static_cast<ULONG>(answer.size()), &needed)) == tooSmall)
         answer.resize(answer.size() * 2);
     if (status != 0)
         return -1;
