@@ -11,7 +11,7 @@ namespace
 
 constexpr int length = 0; // unit kinds
 constexpr int angle = 6;
-constexpr int narrow = 100; // widths of controls, units
+constexpr int narrow = 100; // widths of controls, units; in numbers where the pages show the code
 constexpr int wide = 202;
 
 /** A window without a frame, in the middle of which stand the controls of one purpose. */
@@ -19,16 +19,6 @@ class CPurposeWnd : public CVantWnd
 {
 public:
     explicit CPurposeWnd(const wchar_t* purpose) { name = purpose; }
-
-protected:
-    template <class Ctrl, class T>
-    Ctrl* Insert(int width, T& variable)
-    {
-        auto* const ctrl = new Ctrl;
-        InsCtrl(width, ctrl, 0);
-        ctrl->Init(variable);
-        return ctrl;
-    }
 };
 
 class CReadWnd : public CPurposeWnd
@@ -37,14 +27,17 @@ public:
     using CPurposeWnd::CPurposeWnd;
     void SetupCtrls() override
     {
-        auto* const depth = static_cast<CEText*>(InsCtrl(100, CECtrl::typeText, m_depth));
+        auto* const depth = static_cast<CEText*>(InsCtrl(narrow, CECtrl::typeText, m_depth));
         depth->framed = 1;
-        depth->units = 0; // a length
+        depth->units = length;
         depth->decimals = 1;
-        auto* const fix = static_cast<CELed*>(InsCtrl(100, CECtrl::typeLed, m_fix)); // 1: green
+        auto* const fix = static_cast<CELed*>(InsCtrl(narrow, CECtrl::typeLed, m_fix)); // 1: green
         fix->text = L"RTK fixed";
         NewLn();
-        Insert<CEProcess>(wide, m_sent)->text = L"Sending";
+        auto* const sending = new CEProcess;
+        InsCtrl(wide, sending, 0);
+        sending->Init(m_sent);
+        sending->text = L"Sending";
     }
 
 private:
@@ -206,16 +199,16 @@ public:
     void SetupCtrls() override
     {
         ctrlH = 100;
-        m_chart = static_cast<CEChart*>(NewCtrl(wide, CECtrl::typeChart));
-        CEStrip* const strip = m_chart->AddStrip(CString(), length);
+        auto* const chart = static_cast<CEChart*>(NewCtrl(wide, CECtrl::typeChart));
+        CEStrip* const strip = chart->AddStrip(CString(), length);
         strip->decimals = 1;
         strip->reversed = 1;
-        const int sonar = m_chart->AddTrace(L"Depth", strip)->Index();
+        const int sonar = chart->AddTrace(L"Depth", strip)->Index();
         for (double t = 0; t < 60; t += 0.5)
-            m_chart->Add(sonar, t, 14 + 3 * std::sin(t / 9) + std::sin(t / 2.2));
+            chart->Add(sonar, t, 14 + 3 * std::sin(t / 9) + std::sin(t / 2.2));
         ShiftY(ctrlH + gap, leftM);
         ctrlH = 64;
-        auto* const attitude = static_cast<CEWnd*>(InsCtrl(202, CECtrl::typeWnd, m_roll));
+        auto* const attitude = static_cast<CEWnd*>(InsCtrl(wide, CECtrl::typeWnd, m_roll));
         attitude->SetTarget(this); // DrawEWnd() draws it
     }
 
@@ -237,7 +230,6 @@ public:
     }
 
 private:
-    CEChart* m_chart = nullptr;
     double m_roll = 12 * ML::d2r;
 };
 
