@@ -190,14 +190,15 @@ TEST_F(Examples, SayThatAPictureCouldNotBeWritten)
 
 TEST_F(Examples, StayOpenForTheirUserAndEndWithTheirWindow)
 {
-    for (const wchar_t* const example :
-         {L"chart", L"form", L"hello", L"jogdial", L"model", L"plot", L"recorder", L"timesource"}) {
+    std::wistringstream names(EXAMPLES);
+    for (std::wstring example; names >> example;) {
+        SCOPED_TRACE(fs::path(example).string());
         Start(example, L"");
         const HWND wnd = Window();
-        EXPECT_TRUE(StaysOpen()) << example;
+        EXPECT_TRUE(StaysOpen());
         ::PostMessageW(wnd, WM_CLOSE, 0, 0);
         const std::string said = Finish();
-        EXPECT_EQ(exitCode, 0U) << example << "\n" << said;
+        EXPECT_EQ(exitCode, 0U) << said;
     }
     EXPECT_TRUE(fs::exists(File(L"form.xml")));
     EXPECT_GT(fs::file_size(File(L"sweep.avi")), 640'000U); // a recording that is cut off keeps its frames
