@@ -25,14 +25,10 @@ public:
         Vant::Init();
         TmSync::Init();               // once, before anything asks for the time
         TmSync::AddTmFn(&m_receiver); // sources of your own
+        ::SetTimer(nullptr, 0, 50, [](HWND, UINT, UINT_PTR, DWORD) {
+            CVantWnd::Poll(TmSync::GetTm()); // seconds since 1980
+        });
         return TRUE;
-    }
-
-    BOOL OnIdle(LONG) override
-    {
-        CVantWnd::Poll(TmSync::GetTm()); // seconds since 1980
-        ::Sleep(20);
-        return TRUE; // and again
     }
 
     int ExitInstance() override
