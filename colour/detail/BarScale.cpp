@@ -48,7 +48,7 @@ bool AreApart(const std::vector<BarLabel>& labels, int gap)
 
 } // namespace
 
-std::vector<BarLabel> BarLabels(const BarScale& scale, const RoundStep& roundStep, const TextSize& textSize)
+std::vector<BarLabel> BarLabels(const BarScale& scale, const Rounding& rounding, const TextSize& textSize)
 {
     const double range = std::abs(scale.end - scale.start);
     if (!std::isfinite(range) || range == 0 || scale.length <= 0)
@@ -64,7 +64,7 @@ std::vector<BarLabel> BarLabels(const BarScale& scale, const RoundStep& roundSte
     const double most = std::max(1, scale.length / densest);
     double step = 0;
     for (double wanted = range / most; wanted <= range * growth; wanted *= growth) {
-        const double round = roundStep(wanted);
+        const double round = rounding(wanted);
         if (!(round > step) || range / round > most + 1)
             continue;
         step = round;

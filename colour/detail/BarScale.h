@@ -27,7 +27,7 @@ struct BarScale {
 };
 
 /** The round number nearest to a positive one. */
-using RoundStep = std::function<double(double)>;
+using Rounding = std::function<double(double)>;
 /** The room of a text along the bar. */
 using TextSize = std::function<int(std::wstring_view)>;
 
@@ -35,6 +35,6 @@ using TextSize = std::function<int(std::wstring_view)>;
  * same; in order from the bar's beginning. The middle of a text is at its value, except that texts stay
  * within the bar's length as far as they fit. None where the values are not finite or the same, or differ by
  * too little for their size. */
-std::vector<BarLabel> BarLabels(const BarScale& scale, const RoundStep& roundStep, const TextSize& textSize);
+std::vector<BarLabel> BarLabels(const BarScale& scale, const Rounding& rounding, const TextSize& textSize);
 
 } // namespace vant::detail

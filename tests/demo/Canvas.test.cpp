@@ -128,7 +128,7 @@ TEST(Canvas, StaysInsideTheClipAndThePicture)
 TEST(Canvas, SurvivesAnyShape)
 {
     std::mt19937 random(7);
-    std::uniform_real_distribution<double> near(-30.0, 60.0);
+    std::uniform_real_distribution<double> around(-30.0, 60.0);
     const double wild[] = {1.0e30,
                            -1.0e30,
                            0.0,
@@ -140,13 +140,13 @@ TEST(Canvas, SurvivesAnyShape)
         Path path;
         std::vector<Point> points;
         for (std::size_t n = random() % 9; n > 0; --n)
-            points.push_back({random() % 50 == 0 ? wild[random() % 6] : near(random),
-                              random() % 50 == 0 ? wild[random() % 6] : near(random)});
+            points.push_back({random() % 50 == 0 ? wild[random() % 6] : around(random),
+                              random() % 50 == 0 ? wild[random() % 6] : around(random)});
         path.AddPolygon(points);
-        path.AddPolyline(points, near(random));
-        picture.canvas.SetClip({static_cast<int>(near(random)), static_cast<int>(near(random)),
-                                static_cast<int>(near(random)), static_cast<int>(near(random))});
-        picture.canvas.FillFading(path, white, {0, 0, 0, 0.0}, 0.0, near(random));
+        path.AddPolyline(points, around(random));
+        picture.canvas.SetClip({static_cast<int>(around(random)), static_cast<int>(around(random)),
+                                static_cast<int>(around(random)), static_cast<int>(around(random))});
+        picture.canvas.FillFading(path, white, {0, 0, 0, 0.0}, 0.0, around(random));
     }
     EXPECT_TRUE(picture.IsFramed());
 }

@@ -76,10 +76,10 @@ TEST(TrackRuns, DropOutsDivideAndNeighboursWithinAPixelGo)
 
 TEST(TrackRuns, StaysExactFarFromTheOrigin)
 {
-    const double far = 3.0e6; // metres: single precision knows quarters there
-    const GroundWindow there{{far, far}, {far + 10, far + 10}, 0.0, {far, far}};
+    const double remote = 3.0e6; // metres: single precision knows quarters there
+    const GroundWindow there{{remote, remote}, {remote + 10, remote + 10}, 0.0, {remote, remote}};
     const TrackRuns runs =
-        TrackRuns::Of(TrackOf({{far + 1.01, far + 2}, {far + 1.02, far + 2}}), equator, there);
+        TrackRuns::Of(TrackOf({{remote + 1.01, remote + 2}, {remote + 1.02, remote + 2}}), equator, there);
     ASSERT_EQ(2U, runs.vertices.size());
     EXPECT_NEAR(0.01F, runs.vertices[1].x - runs.vertices[0].x, 1e-5F);
 }

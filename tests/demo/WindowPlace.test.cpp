@@ -51,10 +51,10 @@ TEST(WindowPlace, ShrinksWhatDoesNotFit)
 
 TEST(WindowPlace, SurvivesAnyNumbers)
 {
-    const Box far{INT_MAX - 10, INT_MIN + 10, INT_MAX, INT_MIN + 30};
-    const Box kept = KeepOnScreen(far, one);
+    const Box outside{INT_MAX - 10, INT_MIN + 10, INT_MAX, INT_MIN + 30};
+    const Box kept = KeepOnScreen(outside, one);
     EXPECT_EQ(kept, demo::Overlap(kept, one[0]));
-    EXPECT_EQ(far, KeepOnScreen(far, {}));
+    EXPECT_EQ(outside, KeepOnScreen(outside, {}));
 }
 
 TEST(PopupPlaces, TheViewsLieBesideTheBridgeWhereTheScreenHasRoom)
