@@ -45,12 +45,14 @@ stop_display() {
     [ -z "$xvfb_pid" ] || { kill "$xvfb_pid" 2>/dev/null && wait "$xvfb_pid" 2>/dev/null; }
 }
 
-# start_server [COMMAND...]: the server of $WINEPREFIX; its first program runs below COMMAND.
+# start_server [COMMAND...]: the server of $WINEPREFIX, and its desktop; programs are started below COMMAND.
 start_server() {
     setsid "$wineserver" -p </dev/null >/dev/null 2>&1 9>&- &
     wait $! 2>/dev/null
-    # The desktop process comes up with the first window. Left to the first program that is run it would hold on to that
-    # program's output, and whoever reads it would wait for the end of the session.
+    # A program that waits for input until the server stops. Without any, the desktop process would end a second after
+    # the last one, and come up with the next: it held on to that one's output then, and whoever read it waited on.
+    mkfifo "$work/nothing"
+    "$@" wine cmd <>"$work/nothing" >/dev/null 2>&1 9>&- &
     "$@" wine rundll32 user32.dll,GetDesktopWindow </dev/null >/dev/null 2>&1 9>&-
 }
 
