@@ -117,6 +117,8 @@ class CChartApp : public CBaseApp
         m_wnd = std::make_unique<CChartWnd>();
         m_pMainWnd = m_wnd.get();
         m_isGood = m_wnd->CreateWnd(L"Chart", WS_OVERLAPPEDWINDOW | WS_VISIBLE, CRect(100, 100, 900, 640));
+        ::SetTimer(nullptr, 0, 20,
+                   [](HWND, UINT, UINT_PTR, DWORD) { static_cast<CChartApp*>(AfxGetApp())->Tick(); });
         if (!m_isGood || __argc < 3) // chart --picture FILE
             return m_isGood;
         for (int i = 0; i < 290; ++i)
@@ -127,13 +129,10 @@ class CChartApp : public CBaseApp
         return FALSE;
     }
 
-    BOOL OnIdle(LONG count) override
+    void Tick()
     {
-        CBaseApp::OnIdle(count);
         m_wnd->Advance(0.1);
         CVantWnd::Poll(0); // draws what has changed
-        ::Sleep(20);
-        return TRUE;
     }
 
     int ExitInstance() override

@@ -111,6 +111,9 @@ class CJogApp : public CBaseApp
         m_isGood = m_wnd->CreateWnd(L"Jog dial", WS_OVERLAPPEDWINDOW | WS_VISIBLE, CRect(100, 100, 560, 360));
         m_pMainWnd = m_wnd.get();
         m_wnd->UpdCtrls();
+        ::SetTimer(nullptr, 0, 40, [](HWND, UINT, UINT_PTR, DWORD milliseconds) {
+            CECtrl::UpdateAuCtrls(milliseconds / 1000.0); // the glow
+        });
         if (!m_isGood || __argc < 3) // jogdial --picture FILE
             return m_isGood;
         m_wnd->dial->Turn(1, CRcMgr::infoNextCtrl); // the range glows
@@ -123,14 +126,6 @@ class CJogApp : public CBaseApp
     }
 
     BOOL PreTranslateMessage(MSG* m) override { return m_keys.Take(m) || CBaseApp::PreTranslateMessage(m); }
-
-    BOOL OnIdle(LONG count) override
-    {
-        CBaseApp::OnIdle(count);
-        CECtrl::UpdateAuCtrls(static_cast<double>(::GetTickCount64()) / 1000);
-        ::Sleep(40);
-        return TRUE;
-    }
 
     int ExitInstance() override
     {

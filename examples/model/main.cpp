@@ -120,20 +120,15 @@ class CModelApp : public CBaseApp
         m_isGood = m_wnd->CreateWnd(L"Model", WS_OVERLAPPEDWINDOW | WS_VISIBLE, CRect(100, 100, 780, 680)) &&
                    m_wnd->Open(file);
         std::printf(m_isGood ? "" : "%ls could not be shown\n", file.GetString());
+        ::SetTimer(nullptr, 0, 20, [](HWND, UINT, UINT_PTR, DWORD) {
+            CVantWnd::Poll(0); // draws what has changed
+        });
         if (!m_isGood || !takesPicture)
             return m_isGood;
         m_wnd->RedrawWnd();
         m_isGood = Vant::PrintScn(__wargv[__argc - 1]);
         std::printf(m_isGood ? "%ls\n" : "%ls could not be written\n", __wargv[__argc - 1]);
         return FALSE;
-    }
-
-    BOOL OnIdle(LONG count) override
-    {
-        CBaseApp::OnIdle(count);
-        CVantWnd::Poll(0); // draws what has changed
-        ::Sleep(20);
-        return TRUE;
     }
 
     int ExitInstance() override

@@ -97,20 +97,19 @@ class CPlotApp : public CBaseApp
                    m_wnd->CreateWnd(L"Plot", WS_OVERLAPPEDWINDOW | WS_VISIBLE, place);
         if (m_isGood)
             m_wnd->StartFeeding();
+        ::SetTimer(nullptr, 0, 20,
+                   [](HWND, UINT, UINT_PTR, DWORD) { static_cast<CPlotApp*>(AfxGetApp())->Tick(); });
         return m_isGood;
     }
 
-    BOOL OnIdle(LONG count) override
+    void Tick()
     {
-        CBaseApp::OnIdle(count);
-        CECtrl::UpdateAuCtrls(TmSync::GetTm()); // records the bound variables
-        ::Sleep(20);
+        CECtrl::UpdateAuCtrls(TmSync::GetTm());  // records the bound variables
         if (__argc > 2 && TmSync::GetPc() > 6) { // plot --picture FILE
             m_isGood = Vant::PrintScn(__wargv[2]);
             std::printf(m_isGood ? "%ls\n" : "%ls could not be written\n", __wargv[2]);
             m_wnd->PostMessage(WM_CLOSE);
         }
-        return TRUE;
     }
 
     int ExitInstance() override

@@ -117,12 +117,13 @@ class CRecorderApp : public CBaseApp
         const CRect place(100, 100, 616, 640);
         m_isGood = m_wnd->CreateWnd(L"Recorder", WS_OVERLAPPEDWINDOW | WS_VISIBLE, place) &&
                    m_wnd->Begin(__argc == 2 ? __wargv[1] : L"sweep.avi", __argc < 3 ? 500 : 75);
+        ::SetTimer(nullptr, 0, 10,
+                   [](HWND, UINT, UINT_PTR, DWORD) { static_cast<CRecorderApp*>(AfxGetApp())->Tick(); });
         return m_isGood;
     }
 
-    BOOL OnIdle(LONG count) override
+    void Tick()
     {
-        CBaseApp::OnIdle(count);
         if (m_wnd->Step()) {
             ++m_frames;
         } else if (__argc > 2) {
@@ -130,8 +131,6 @@ class CRecorderApp : public CBaseApp
             std::printf(m_isGood ? "%ls\n" : "%ls could not be written\n", __wargv[2]);
             m_wnd->PostMessage(WM_CLOSE);
         }
-        ::Sleep(10);
-        return TRUE;
     }
 
     int ExitInstance() override

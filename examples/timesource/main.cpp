@@ -118,21 +118,20 @@ class CTimeApp : public CBaseApp
             return FALSE;
         m_wnd = std::make_unique<CTimeWnd>();
         m_pMainWnd = m_wnd.get();
+        ::SetTimer(nullptr, 0, 20,
+                   [](HWND, UINT, UINT_PTR, DWORD) { static_cast<CTimeApp*>(AfxGetApp())->Tick(); });
         const CRect place(100, 100, 736, 440);
         return m_isGood = m_wnd->CreateWnd(L"Time source", WS_OVERLAPPEDWINDOW | WS_VISIBLE, place);
     }
 
-    BOOL OnIdle(LONG count) override
+    void Tick()
     {
-        CBaseApp::OnIdle(count);
         m_wnd->Show(TmSync::GetTm());
-        ::Sleep(20);
         if (__argc > 2 && TmSync::GetPc() > 10) { // timesource --picture FILE
             m_isGood = Vant::PrintScn(__wargv[2]);
             std::printf(m_isGood ? "%ls\n" : "%ls could not be written\n", __wargv[2]);
             m_wnd->PostMessage(WM_CLOSE);
         }
-        return TRUE;
     }
 
     int ExitInstance() override
