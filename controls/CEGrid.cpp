@@ -51,6 +51,8 @@ void CEGrid::RemoveCols()
 {
     EndEdit(false);
     EndGrip();
+    if (IsSortedBySource(m_sortCol))
+        (m_source->*m_sort)(m_sortCol, sortNone);
     m_hotCol = -1;
     m_cols.clear();
     m_cells.clear();

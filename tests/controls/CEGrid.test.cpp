@@ -345,6 +345,10 @@ TEST_F(CEGridTest, TheSourceSortsItsRows)
     EXPECT_THAT(owner.sorted, ElementsAre());
     EXPECT_EQ(grid->EndEdit(false), 1);
     EXPECT_EQ(grid->Sort(-1, CEGrid::sortNone), 1);
+    grid->Sort(2, CEGrid::sortUp);
+    grid->RemoveCols();
+    EXPECT_EQ(owner.sorted.back(), std::pair(2, 0)) << "in its own order again, as the grid says";
+    BindSource(10, true);
 
     grid->SetSource(&owner, static_cast<CEGrid::GetFn>(&GridOwner::Get));
     grid->Sort(1, CEGrid::sortDown);
