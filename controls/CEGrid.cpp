@@ -204,19 +204,27 @@ CString CEGrid::CellText(int row, int col)
     return val ? val->GetText(0) : CString();
 }
 
+/** Whether the enable condition of a cell lets the user edit it. */
+bool CEGrid::IsAllowed(int row, int col) const noexcept
+{
+    const auto own = m_cells.find({row, col});
+    if (own == m_cells.end())
+        return GetCol(col)->IsAllowed();
+    const CEVal& val = own->second;
+    return !val.enIf || !val.pEnVar || *val.pEnVar == val.enVal;
+}
+
 bool CEGrid::IsEditable(int row, int col)
 {
     if (!HasCell(row, col) || !IsEnabled())
         return false;
     const CEGridCol& column = *GetCol(col);
-    if (column.readOnly || column.hidden)
+    if (column.readOnly || column.hidden || !IsAllowed(row, col))
         return false;
     const auto own = m_cells.find({row, col});
-    const CEVal& val = own != m_cells.end() ? own->second : static_cast<const CEVal&>(column);
-    if (val.enIf && val.pEnVar && *val.pEnVar != val.enVal)
-        return false;
-    const bool stored = own != m_cells.end() ? val.pVal != nullptr : column.m_first || (m_get && m_put);
-    const ValueType kind = TypeOf(val.type);
+    const bool stored =
+        own != m_cells.end() ? own->second.pVal != nullptr : column.m_first || (m_get && m_put);
+    const ValueType kind = TypeOf(own != m_cells.end() ? own->second.type : column.type);
     return stored && kind != ValueType::Pointer && kind != ValueType::Int64;
 }
 

@@ -262,6 +262,7 @@ private:
     CEVal* MakeCell(int row, int col);
     const CEVal* ValueAt(int row, int col);
     bool HasCell(int row, int col) const noexcept;
+    bool IsAllowed(int row, int col) const noexcept;
     bool IsSortedBySource(int col) const noexcept;
     void SortByValues(int col, bool descending);
     void StoreRow();

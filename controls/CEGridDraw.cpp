@@ -307,7 +307,7 @@ void CEGrid::DrawCell(CDC& dc, int place, int col, const CRect& r)
         dc.FillSolidRect(r, Vant::teal);
     dc.FillSolidRect(r.right - 1, r.top, 1, r.Height(), Vant::grey);
     const CEGridCol& column = *GetCol(col);
-    const bool enabled = IsEnabled() && column.IsAllowed();
+    const bool enabled = IsEnabled() && IsAllowed(RowAt(place), col);
     dc.SetTextColor(!enabled ? vant::detail::disabledText : selected ? vant::detail::litText : style.txtCol);
     CRect inside = r;
     inside.DeflateRect(textInset, 0);

@@ -1,5 +1,6 @@
 #include "controls/CEGrid.h"
 #include "controls/PictureSheet.h"
+#include "controls/detail/CtrlText.h"
 
 namespace
 {
@@ -45,6 +46,30 @@ std::unique_ptr<CEGrid> Grid(bool blank, int numbers, int rows)
 }
 
 } // namespace
+
+TEST_F(PicturesTest, ACellThatIsNotToBeEditedNowIsGreyed)
+{
+    CEGrid grid;
+    grid.rc = CRect(0, 0, 140, 124);
+    grid.AddCol(L"Depth", 80, 9);
+    grid.SetRows(3);
+    double depth = 8.88;
+    int locked = 1;
+    CEVal* const own = grid.InitCell(1, 0, depth);
+    own->enIf = 1;
+    own->pEnVar = &locked;
+    Open(grid);
+    Canvas canvas(140, 124);
+    const auto isGreyed = [&] {
+        DrawTo(grid, canvas);
+        return !canvas.Bounds(vant::detail::disabledText).IsRectEmpty();
+    };
+    EXPECT_TRUE(isGreyed());
+    EXPECT_FALSE(grid.IsEditable(1, 0));
+    locked = 0;
+    EXPECT_FALSE(isGreyed());
+    EXPECT_TRUE(grid.IsEditable(1, 0));
+}
 
 TEST_F(PicturesTest, GridsCanBeReadAtEveryScale)
 {
