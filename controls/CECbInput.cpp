@@ -2,6 +2,7 @@
 #include "controls/CECb.h"
 
 #include "controls/detail/DropList.h"
+#include "controls/detail/PressFocus.h"
 #include "platform/Vant.h"
 
 #include <algorithm>
@@ -39,7 +40,7 @@ void CECb::OnLButtonDown(UINT, CPoint)
     constexpr int clickSound = 0;
     if (IsOpen())
         return Close();
-    if (!Open())
+    if (!vant::detail::FocusByPress(m_hWnd) || !Open())
         return;
     Vant::Snd(clickSound);
     m_held = true;

@@ -2,6 +2,7 @@
 #include "controls/CEChart.h"
 
 #include "controls/detail/ChartState.h"
+#include "controls/detail/PressFocus.h"
 
 #include <algorithm>
 #include <cmath>
@@ -37,13 +38,8 @@ constexpr int tremble = 3;        // units that the mouse may move between press
 
 void CEChart::OnLButtonDown(UINT, CPoint point)
 {
-    const HWND self = m_hWnd;
-    if (GetStyle() & WS_TABSTOP) {
-        // A field that loses the focus calls its callbacks.
-        SetFocus();
-        if (!::IsWindow(self))
-            return;
-    }
+    if ((GetStyle() & WS_TABSTOP) && !vant::detail::FocusByPress(m_hWnd))
+        return;
     auto& parts = *m_state;
     const auto named = std::find_if(parts.names.begin(), parts.names.end(),
                                     [&](const auto& name) { return name.place.Has(point.x, point.y); });

@@ -4,6 +4,7 @@
 #include "controls/CEEdit.h"
 #include "controls/detail/KeyState.h"
 #include "controls/detail/ParentCommand.h"
+#include "controls/detail/PressFocus.h"
 #include "controls/detail/ScrollStrip.h"
 
 #include <algorithm>
@@ -244,10 +245,7 @@ bool CEGrid::IsDoubleClick(CPoint at)
 
 void CEGrid::OnLButtonDown(UINT flags, CPoint point)
 {
-    const HWND self = m_hWnd;
-    SetFocus();
-    // A field that loses the focus calls its callbacks.
-    if (!::IsWindow(self))
+    if (!vant::detail::FocusByPress(m_hWnd))
         return;
     SyncLayout();
     const CPoint at = m_mouse = Dpi().ToUnits(point);

@@ -2,6 +2,7 @@
 #include "controls/CEList.h"
 
 #include "controls/detail/ParentCommand.h"
+#include "controls/detail/PressFocus.h"
 #include "controls/detail/ScrollStrip.h"
 
 #include <algorithm>
@@ -173,13 +174,8 @@ void CEList::PressBar(int at)
 
 void CEList::OnLButtonDown(UINT, CPoint point)
 {
-    const HWND self = m_hWnd;
-    if (GetStyle() & WS_TABSTOP) {
-        // A field that loses the focus calls its callbacks.
-        SetFocus();
-        if (!::IsWindow(self))
-            return;
-    }
+    if ((GetStyle() & WS_TABSTOP) && !vant::detail::FocusByPress(m_hWnd))
+        return;
     const CPoint at = Dpi().ToUnits(point);
     if (m_scroll.MaxFirst() > 0 && BarRc().PtInRect(at))
         return PressBar(Along(at));
