@@ -73,6 +73,9 @@ unsigned long CECb::WndStyle() const
 
 int CECb::Create(unsigned long wndStyle, const RECT& r, CWnd* parent, unsigned int childId)
 {
+    // A window that is destroyed under the mouse need not be told that it has lost it.
+    m_held = m_altAlone = false;
+    look &= ~lookPressed;
     if (!CECtrl::Create(wndStyle, r, parent, childId))
         return 0;
     Fill();

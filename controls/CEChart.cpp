@@ -258,6 +258,10 @@ void CEChart::AutoUpdate(double t)
 
 int CEChart::OnCreate(LPCREATESTRUCT create)
 {
+    // A window that is destroyed under the mouse need not be told that it has lost it.
+    m_state->dragging = false;
+    m_state->mouse.reset();
+    m_state->pressTime.reset();
     AddBound();
     if (refresh > 0)
         SetTimer(refreshTimer, static_cast<UINT>(refresh), nullptr);

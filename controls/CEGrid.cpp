@@ -28,6 +28,10 @@ CEGrid::~CEGrid()
 
 int CEGrid::Create(unsigned long wndStyle, const RECT& r, CWnd* parent, unsigned int childId)
 {
+    // A window that is destroyed under the mouse need not be told that it has lost it.
+    EndGrip();
+    m_pressed = false;
+    m_hotCol = -1;
     return CECtrl::Create(wndStyle | WS_CLIPCHILDREN, r, parent, childId);
 }
 

@@ -19,6 +19,8 @@ CEList::~CEList() = default;
 
 int CEList::Create(unsigned long wndStyle, const RECT& r, CWnd* parent, unsigned int childId)
 {
+    // A window that is destroyed under the mouse need not be told that it has lost it.
+    ReleaseMouse();
     if (!CECtrl::Create(wndStyle, r, parent, childId))
         return 0;
     Fill();

@@ -1,4 +1,4 @@
-// Presses of the mouse that take the focus from a field, whose callbacks come in between.
+// Presses of the mouse in the midst of which a callback or the end of the window comes.
 #include "controls/CECb.h"
 #include "controls/CEChart.h"
 #include "controls/CEEdit.h"
@@ -83,4 +83,38 @@ TEST_F(PressFocusTest, HoldsNoMouseThatACallbackHasTaken)
     box.Add(L"Entry");
     Check(box);
     EXPECT_FALSE(box.IsOpen());
+}
+
+TEST_F(PressFocusTest, AWindowThatIsMadeAnewHoldsNothing)
+{
+    const auto again = [this](CECtrl& ctrl) {
+        ctrl.rc = CRect(10, 40, 110, 120);
+        Open(ctrl);
+        Press(ctrl, 30, 10);
+        ctrl.DestroyWindow();
+        Open(ctrl);
+        Send(ctrl, WM_MOUSEMOVE, 0, 80, 50);
+    };
+    CEList list;
+    for (const wchar_t* const entry : {L"a", L"b", L"c"})
+        list.Add(entry);
+    again(list);
+    EXPECT_EQ(list.GetSel(), list.GetAt(0));
+
+    CEGrid grid;
+    grid.AddCol(L"Column");
+    grid.SetRows(5);
+    grid.hdrH = 0;
+    again(grid);
+    EXPECT_EQ(grid.CurRow(), 0);
+
+    CEChart chart;
+    const int trace = chart.AddTrace(L"Trace")->Index();
+    for (int i = 0; i < 200; ++i)
+        chart.Add(trace, i, i);
+    Canvas canvas(100, 80);
+    chart.rc = CRect(10, 40, 110, 120);
+    DrawTo(chart, canvas);
+    again(chart);
+    EXPECT_TRUE(chart.IsLive());
 }
