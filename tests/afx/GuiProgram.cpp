@@ -8,13 +8,13 @@
 namespace
 {
 
-constexpr UINT_PTR CloseTimer = 1;
-constexpr UINT CloseCommand = 100;
+constexpr UINT_PTR closeTimer = 1;
+constexpr UINT closeCommand = 100;
 
 class Frame : public CFrameWnd
 {
 protected:
-    afx_msg void OnTimer(UINT_PTR) { PostMessage(WM_COMMAND, CloseCommand); }
+    afx_msg void OnTimer(UINT_PTR) { PostMessage(WM_COMMAND, closeCommand); }
     DECLARE_MESSAGE_MAP()
 };
 
@@ -44,12 +44,14 @@ public:
             return FALSE;
         Check(::AfxGetMainWnd() == m_pMainWnd, 7);
         m_pMainWnd->ShowWindow(m_nCmdShow);
-        m_pMainWnd->SetTimer(CloseTimer, 10);
         return TRUE;
     }
 
     BOOL OnIdle(LONG count) override
     {
+        // Not before: while the machine is busy a timer may be due before there is nothing else to do.
+        if (!m_idle)
+            m_pMainWnd->SetTimer(closeTimer, 10);
         m_idle = true;
         return CWinApp::OnIdle(count);
     }
@@ -90,7 +92,7 @@ private:
 };
 
 BEGIN_MESSAGE_MAP(Program, CWinApp)
-    ON_COMMAND(CloseCommand, &Program::OnCloseCommand)
+    ON_COMMAND(closeCommand, &Program::OnCloseCommand)
 END_MESSAGE_MAP()
 
 Program s_program;
