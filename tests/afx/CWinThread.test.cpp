@@ -164,6 +164,9 @@ TEST(CWinThread, WorkerMayEndEarlyOrDeleteItself)
 
 TEST(CWinThread, PumpsMessages)
 {
+    CPump::s_sum = 0;
+    CPump::s_rests.ResetEvent();
+    CPump::s_gone.ResetEvent();
     CWinThread* const thread = AfxBeginThread(RUNTIME_CLASS(CPump));
     ASSERT_NE(thread, nullptr);
     ASSERT_TRUE(CPump::s_rests.Lock(soon)) << "without messages it is idle";
