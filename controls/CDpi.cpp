@@ -1,5 +1,7 @@
 #include "controls/CDpi.h"
 
+#include "controls/detail/SystemDpi.h"
+
 #include <algorithm>
 #include <cstdint>
 #include <limits>
@@ -31,21 +33,6 @@ CRect Rescale(const CRect& r, int to, int from) noexcept
     return {Rescale(r.TopLeft(), to, from), Rescale(r.BottomRight(), to, from)};
 }
 
-int SystemDpi(HWND wnd) noexcept
-{
-    using DpiForWindow = UINT(WINAPI*)(HWND);
-    // Systems before Windows 10 1607 do not have it.
-    static const auto dpiForWindow = reinterpret_cast<DpiForWindow>(
-        reinterpret_cast<void*>(::GetProcAddress(::GetModuleHandleW(L"user32.dll"), "GetDpiForWindow")));
-    if (dpiForWindow)
-        return static_cast<int>(dpiForWindow(wnd));
-    const HDC screen = ::GetDC(nullptr);
-    const int dpi = screen ? ::GetDeviceCaps(screen, LOGPIXELSY) : 0;
-    if (screen)
-        ::ReleaseDC(nullptr, screen);
-    return dpi;
-}
-
 } // namespace
 
 CDpi CDpi::Of(HWND wnd) noexcept
@@ -56,7 +43,7 @@ CDpi CDpi::Of(HWND wnd) noexcept
         if (const HANDLE own = ::GetPropW(at, property))
             return CDpi(static_cast<int>(reinterpret_cast<std::intptr_t>(own)));
     }
-    return CDpi(SystemDpi(wnd));
+    return CDpi(vant::detail::SystemDpi(wnd));
 }
 
 void CDpi::Set(HWND wnd) const noexcept

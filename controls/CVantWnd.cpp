@@ -2,6 +2,7 @@
 
 #include "controls/CELabel.h"
 #include "controls/detail/ScrollStrip.h"
+#include "controls/detail/SystemDpi.h"
 #include "platform/Vant.h"
 #include "platform/detail/HelpRegistry.h"
 #include "platform/detail/WindowHooks.h"
@@ -105,7 +106,7 @@ void CVantWnd::Unbind()
 BOOL CVantWnd::CreateWnd(const CString& title, DWORD style, const CRect& place, CWnd* parent, UINT id)
 {
     const bool isChild = (style & WS_CHILD) != 0;
-    const CDpi dpi = isChild ? CDpi::Of(parent->GetSafeHwnd()) : CDpi(static_cast<int>(::GetDpiForSystem()));
+    const CDpi dpi = isChild ? CDpi::Of(parent->GetSafeHwnd()) : CDpi(vant::detail::SystemDpi(nullptr));
     return CWnd::CreateEx(0, Vant::wndClass, title, style, dpi.ToPx(place), parent, isChild ? id : 0);
 }
 

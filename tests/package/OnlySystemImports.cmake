@@ -1,4 +1,4 @@
-# The DLLs need no compiler run-time library beside them.
+# The DLLs need no compiler run-time library beside them, and load under the first Windows 10 too (1507).
 foreach(module IN LISTS MODULES)
   execute_process(COMMAND ${OBJDUMP} -p ${module} OUTPUT_VARIABLE dump RESULT_VARIABLE result)
   if(NOT result EQUAL 0)
@@ -13,4 +13,9 @@ foreach(module IN LISTS MODULES)
       message(FATAL_ERROR "${module} needs a compiler run-time library: ${import}")
     endif()
   endforeach()
+  # What came with 1607, as the name of an import in the dump.
+  set(later "GetDpiFor|ForDpi|DpiAwarenessContext|EnableNonClientDpiScaling|SetThreadDescription")
+  if(dump MATCHES "\n[ \t0-9a-f]+[ \t]([A-Za-z]*(${later})[A-Za-z]*)[ \r\n]")
+    message(FATAL_ERROR "${module} imports ${CMAKE_MATCH_1}, which the first Windows 10 does not have")
+  endif()
 endforeach()
