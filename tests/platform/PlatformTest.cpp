@@ -46,8 +46,8 @@ PlatformTest::~PlatformTest()
 {
     Calls() = m_calls;
     Windows() = m_windows;
-    Startup() = {};
-    Help() = {};
+    Startup() = m_startup;
+    Help() = m_help;
     EUnits::system = 0;
     Vant::options = 0x29;
     std::error_code ignored;

@@ -70,4 +70,6 @@ private:
     vant::test::RecordLogs m_logs;
     vant::detail::SystemCalls m_calls = vant::detail::Calls();
     vant::detail::WindowHooks m_windows = vant::detail::Windows();
+    vant::detail::StartupSteps m_startup = vant::detail::Startup();
+    vant::detail::HelpRegistry m_help = vant::detail::Help();
 };
