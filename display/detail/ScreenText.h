@@ -24,7 +24,6 @@ public:
 
     explicit ScreenText(int height);
 
-    int Ascent() const noexcept { return m_ascent; }   ///< of the cell above the baseline
     int Capital() const noexcept { return m_capital; } ///< height of capitals and figures
     int Width(std::wstring_view text) const noexcept;
 

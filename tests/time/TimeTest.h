@@ -61,7 +61,6 @@ public:
     }
     int PollTm(double& value) override
     {
-        ++polls;
         if (isFailing)
             return 0;
         value = read();
@@ -70,5 +69,4 @@ public:
 
     double (*read)();
     bool isFailing = false;
-    int polls = 0;
 };

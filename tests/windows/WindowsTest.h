@@ -14,7 +14,6 @@ template <class Base>
 class Opened : public Base
 {
 public:
-    using Base::LineAt;
     using Base::Lines;
     using Base::ListRc;
     using Base::RowRc;

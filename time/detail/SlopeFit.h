@@ -37,10 +37,6 @@ public:
      *  @return whether there is one: false without samples, the line then being left alone */
     bool GetLine(Line& line) const noexcept;
 
-    std::size_t Count() const noexcept { return m_count; }
-    /** The last sample; there must be one. */
-    const CTmEnt& Newest() const noexcept { return m_samples[m_newest]; }
-
 private:
     using Index = std::uint8_t;
 

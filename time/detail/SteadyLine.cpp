@@ -56,13 +56,6 @@ double SteadyLine::At(double x) const noexcept
     return IsThere() ? m_origin.y + m_centreY + m_rate * (x - m_origin.x - m_centreX) : 0.0;
 }
 
-std::size_t SteadyLine::PointsSinceStep() const noexcept
-{
-    const auto end = m_line.begin() + static_cast<std::ptrdiff_t>(m_points);
-    return static_cast<std::size_t>(
-        std::count_if(m_line.begin(), end, [this](const Point& point) { return point.run == m_run; }));
-}
-
 /** The slope of readings without anything known about them: the median over pairs that are half of the time
  *  apart. */
 double SteadyLine::FirstSlope() const noexcept

@@ -40,11 +40,6 @@ public:
     bool IsThere() const noexcept { return m_points > 0; }
     /** The line at x; 0 without one. */
     double At(double x) const noexcept;
-    /** The line's slope. */
-    double Slope() const noexcept { return m_rate; }
-    std::size_t PointCount() const noexcept { return m_points; }
-    /** The points that the place of the line comes from: those since the source was last set. */
-    std::size_t PointsSinceStep() const noexcept;
 
 private:
     /** Readings and points are kept as differences from the first one, which leaves more of their digits. */
