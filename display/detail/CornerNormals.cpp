@@ -13,43 +13,14 @@ namespace vant::detail
 namespace
 {
 
-struct Vector {
-    double x = 0;
-    double y = 0;
-    double z = 0;
-
-    Vector& operator+=(const Vector& other)
-    {
-        x += other.x;
-        y += other.y;
-        z += other.z;
-        return *this;
-    }
-};
-
-Vector operator*(const Vector& v, double factor)
-{
-    return {v.x * factor, v.y * factor, v.z * factor};
-}
-
-Vector Between(const Point3& from, const Point3& to)
-{
-    return {to.x - from.x, to.y - from.y, to.z - from.z};
-}
-
-double Dot(const Vector& a, const Vector& b)
-{
-    return a.x * b.x + a.y * b.y + a.z * b.z;
-}
-
-Vector Cross(const Vector& a, const Vector& b)
+Point3 Cross(const Point3& a, const Point3& b)
 {
     return {a.y * b.z - a.z * b.y, a.z * b.x - a.x * b.z, a.x * b.y - a.y * b.x};
 }
 
 /** What a face brings to the normals: nothing at all when it has no area. */
 struct FaceShape {
-    Vector direction; // of length 1, or 0
+    Point3 direction; // of length 1, or 0
     /** The angle at each corner, in radians, is what the face weighs there: how a surface is cut into faces
      * then changes nothing. */
     std::array<double, 3> angles{};
@@ -59,10 +30,10 @@ struct FaceShape {
 
 FaceShape ShapeOf(const MeshData& mesh, const MeshFace& face)
 {
-    const Vector ab = Between(mesh.vertices[face.a], mesh.vertices[face.b]);
-    const Vector bc = Between(mesh.vertices[face.b], mesh.vertices[face.c]);
-    const Vector ca = Between(mesh.vertices[face.c], mesh.vertices[face.a]);
-    const Vector normal = Cross(ab, bc);
+    const Point3 ab = mesh.vertices[face.b] - mesh.vertices[face.a];
+    const Point3 bc = mesh.vertices[face.c] - mesh.vertices[face.b];
+    const Point3 ca = mesh.vertices[face.a] - mesh.vertices[face.c];
+    const Point3 normal = Cross(ab, bc);
     const double length = std::sqrt(Dot(normal, normal));
     constexpr double leastSine = 1e-12; // below this the direction is nothing but rounding
     if (!(length > leastSine * std::sqrt(Dot(ab, ab) * Dot(bc, bc))))
@@ -72,7 +43,7 @@ FaceShape ShapeOf(const MeshData& mesh, const MeshFace& face)
     return {normal * (1 / length), {atA, atB, std::max(0.0, std::numbers::pi - atA - atB)}};
 }
 
-Normal ToNormal(const Vector& direction)
+Normal ToNormal(const Point3& direction)
 {
     return {static_cast<float>(direction.x), static_cast<float>(direction.y),
             static_cast<float>(direction.z)};
@@ -134,19 +105,19 @@ CornersByPlace SortCorners(const MeshData& mesh)
 
 /** Faces at a place that are smooth with the same others. */
 struct Bundle {
-    Vector sum; // of the faces' directions by their weights
+    Point3 sum; // of the faces' directions by their weights
     double weight = 0;
-    Vector direction;       // of sum
+    Point3 direction;       // of sum
     std::uint32_t groups{}; // smoothing groups that all of them are in
 
     void Add(const FaceShape& shape, double faceWeight)
     {
-        sum += shape.direction * faceWeight;
+        sum = sum + shape.direction * faceWeight;
         weight += faceWeight;
     }
 
     /** The sum's direction; `otherwise` when what was added cancels out. */
-    Vector Direction(const Vector& otherwise) const
+    Point3 Direction(const Point3& otherwise) const
     {
         constexpr double leastPart = 1e-6;
         const double length = std::sqrt(Dot(sum, sum));
@@ -159,7 +130,7 @@ struct Bundle {
 constexpr std::size_t cellsAcross = 8;
 constexpr std::size_t cellCount = 6 * cellsAcross * cellsAcross;
 
-std::size_t CellOf(const Vector& direction)
+std::size_t CellOf(const Point3& direction)
 {
     const std::array<double, 3> parts = {direction.x, direction.y, direction.z};
     std::size_t axis = 0;
@@ -224,15 +195,15 @@ private:
             bundle.direction = bundle.Direction({});
 
         for (const std::uint32_t corner : corners) {
-            const Vector& own = ShapeAt(corner).direction;
+            const Point3& own = ShapeAt(corner).direction;
             Bundle smooth;
             for (const Bundle& bundle : m_bundles) {
                 if (IsSmooth(corner, bundle)) {
-                    smooth.sum += bundle.sum;
+                    smooth.sum = smooth.sum + bundle.sum;
                     smooth.weight += bundle.weight;
                 }
             }
-            const Vector direction = smooth.Direction(own);
+            const Point3 direction = smooth.Direction(own);
             if (Dot(direction, direction) != 0)
                 m_normals[corner] = ToNormal(direction);
         }
@@ -302,12 +273,6 @@ private:
 };
 
 } // namespace
-
-Normal FaceNormal(const MeshData& mesh, const MeshFace& face)
-{
-    const FaceShape shape = ShapeOf(mesh, face);
-    return shape.IsEmpty() ? Normal{} : ToNormal(shape.direction);
-}
 
 std::vector<Normal> CornerNormals(const MeshData& mesh, double creaseAngle)
 {

@@ -24,11 +24,8 @@ struct Normal {
  * ten sides is round with it, a post of eight sides has edges. */
 inline constexpr double usualCreaseAngle = 40.0 * std::numbers::pi / 180.0;
 
-/** The direction that a face's front looks to: its corners run anticlockwise seen from there. A face without
- *  an area looks along z. */
-Normal FaceNormal(const MeshData& mesh, const MeshFace& face);
-
-/** A normal for each corner of each face: those of face i are at 3 * i, in the order a, b, c.
+/** A normal for each corner of each face: those of face i are at 3 * i, in the order a, b, c. They look to
+ * the front of their face, from where its corners run anticlockwise; those of a face without an area along z.
  *
  *  Faces that meet at a place are smooth there when they share a smoothing group, if the mesh has smoothing
  *  sets; a face in no group is flat. In a mesh without them they are smooth when less than the crease angle

@@ -25,6 +25,15 @@ double Degrees(const Normal& a, const Normal& b)
     return Degrees(a, b.x, b.y, b.z);
 }
 
+/** The normal that a face has alone. */
+Normal FaceNormal(const MeshData& mesh, const MeshFace& face)
+{
+    MeshData alone;
+    alone.vertices = mesh.vertices;
+    alone.faces = {face};
+    return CornerNormals(alone).front();
+}
+
 /** A wall of `sides` sides around the z axis, with its own vertices for each side or shared ones. */
 MeshData Wall(int sides, bool shared)
 {
@@ -73,7 +82,7 @@ MeshData Fan(int count, double height)
 
 } // namespace
 
-TEST(FaceNormal, LooksToWhereTheCornersRunAnticlockwise)
+TEST(CornerNormals, LookToWhereTheCornersRunAnticlockwise)
 {
     MeshData mesh;
     mesh.vertices = {{0, 0, 5}, {2, 0, 5}, {0, 3, 5}, {1, 0, 5}};
