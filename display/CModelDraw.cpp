@@ -4,10 +4,7 @@
 #include "display/CDsp.h"
 #include "display/detail/DrawParts.h"
 #include "display/detail/GLName.h"
-
-#include <windows.h>
-
-#include <GL/gl.h>
+#include "display/detail/GLState.h"
 
 #include <cstdint>
 #include <vector>
@@ -142,24 +139,9 @@ void DrawForPick(const ModelData& model, CPtrAry<CDspMtrl>& mtrls)
     }
 }
 
-/** Brings OpenGL's settings back at its end. */
-class SettingsKept
-{
-public:
-    SettingsKept()
-    {
-        glPushAttrib(GL_ENABLE_BIT | GL_LIGHTING_BIT | GL_POLYGON_BIT | GL_TEXTURE_BIT | GL_CURRENT_BIT |
-                     GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
-        glPushClientAttrib(GL_CLIENT_VERTEX_ARRAY_BIT);
-    }
-    ~SettingsKept()
-    {
-        glPopClientAttrib();
-        glPopAttrib();
-    }
-    SettingsKept(const SettingsKept&) = delete;
-    SettingsKept& operator=(const SettingsKept&) = delete;
-};
+/** The settings that drawing a model changes. */
+constexpr GLbitfield changedSettings = GL_ENABLE_BIT | GL_LIGHTING_BIT | GL_POLYGON_BIT | GL_TEXTURE_BIT |
+                                       GL_CURRENT_BIT | GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT;
 
 bool IsCompiling()
 {
@@ -174,7 +156,7 @@ void CModel::DrawModel(CDsp& dsp)
 {
     if (m_data->meshes.empty())
         return;
-    const SettingsKept settings;
+    const GLStateKept state(changedSettings);
     if (dsp.IsPicking()) {
         DrawForPick(*m_data, mtrls);
         return;

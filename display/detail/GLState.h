@@ -11,9 +11,10 @@ namespace vant::detail
 class GLStateKept
 {
 public:
-    GLStateKept()
+    /** @param groups  of settings that may change meanwhile: sum of GL_ENABLE_BIT ... */
+    explicit GLStateKept(GLbitfield groups = GL_ALL_ATTRIB_BITS)
     {
-        glPushAttrib(GL_ALL_ATTRIB_BITS);
+        glPushAttrib(groups);
         glPushClientAttrib(GL_CLIENT_VERTEX_ARRAY_BIT);
     }
     ~GLStateKept()

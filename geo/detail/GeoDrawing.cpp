@@ -2,6 +2,7 @@
 
 #include "display/CDsp.h"
 #include "display/CDspMtrl.h"
+#include "display/detail/ViewCameraOf.h"
 #include "geo/detail/Ribbon.h"
 
 #include <cmath>
@@ -15,11 +16,6 @@ namespace
 /** Pixels that nobody misses; the orbit camera shows what is near the eye a few times larger. */
 constexpr double unseen = 0.2;
 constexpr double penWidth = 2; // units of 1/96 inch
-
-Point3 ToPoint(const CV3& v)
-{
-    return {v.x, v.y, v.z};
-}
 
 double Scale(const CDsp& dsp)
 {
