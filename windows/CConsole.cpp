@@ -2,21 +2,19 @@
 
 #include "platform/Vant.h"
 #include "settings/CESetObj.h"
+#include "windows/detail/LevelRange.h"
 #include "windows/detail/OneLine.h"
 
-#include <algorithm>
+#include <iterator>
 #include <utility>
+
+using namespace vant::detail;
 
 namespace
 {
 
 constexpr int clearState = -1;
 constexpr int repeatsWrap = 1000;
-
-// The filter mask's bit for levels from n * 1000 is levelBit << n.
-constexpr int levelShift = 4;
-constexpr int levelRange = 1000;
-constexpr int highestLevel = 9999;
 
 /** Holds a console's entries for as long as it lives. */
 class Guard : public CSingleLock
@@ -234,8 +232,7 @@ int CConsole::TestEntry(const CECEntry* entry) const
     if (!entry)
         return 0;
     const unsigned int mask = detail ? filter : filter & ~static_cast<unsigned int>(kindDetailed);
-    const int capped = std::clamp(entry->state, 0, highestLevel);
-    const unsigned int wanted = entry->kind | 1U << (capped / levelRange + levelShift);
+    const unsigned int wanted = entry->kind | RangeBit(RangeOf(entry->state));
     return (mask & wanted) == wanted ? 1 : 0;
 }
 
@@ -243,7 +240,7 @@ CConsole::LogLine CConsole::LineOf(const CECEntry& entry) const
 {
     if (!logTo || !TestEntry(&entry))
         return {};
-    return {fileName, vant::detail::OneLine(entry.text)};
+    return {fileName, OneLine(entry.text)};
 }
 
 /** Called without the lock: a file may be slow, and its failure is an alarm, which other consoles may take

@@ -1,8 +1,7 @@
 #include "controls/CEBtn.h"
-#include "controls/CECheck.h"
-#include "controls/CEText.h"
 #include "platform/Vant.h"
 #include "windows/CConsole.h"
+#include "windows/detail/LevelRange.h"
 
 #include <afxdlgs.h>
 
@@ -11,23 +10,21 @@
 /** @file
  *  The options of a console: the section above its entries, and the choice of the log file. */
 
+using namespace vant::detail;
+
 namespace
 {
-
-constexpr int levelBoxes = 10;
-constexpr unsigned int lowestLevelBit = 1U << 4;
-constexpr unsigned int levelBits = ((1U << levelBoxes) - 1) << 4;
 
 constexpr int boxW = 90;
 constexpr int levelBoxW = 275;
 constexpr int gapBeforeFile = 6;
 constexpr int browseId = 1;
 
-CString LevelText(int box)
+CString RangeText(int range)
 {
     CString text;
-    text.Format(box + 1 < levelBoxes ? L"Display status %d - %d" : L"Display status %d - %d and above",
-                box * 1000, (box + 1) * 1000);
+    text.Format(range + 1 < levelRanges ? L"Display status %d - %d" : L"Display status %d - %d and above",
+                range * levelsPerRange, (range + 1) * levelsPerRange);
     return text;
 }
 
@@ -72,9 +69,9 @@ void CConsole::SetupCtrls()
     InsOption(cat, boxW, L"Verbose", L"Display the verbose level of information", filter, kindVerbose);
     cat.NewLn();
     InsLogTo(cat);
-    for (int i = 0; i < levelBoxes; ++i) {
+    for (int range = 0; range < levelRanges; ++range) {
         // The tip tells the caption whole where the window cuts it off.
-        InsOption(cat, levelBoxW, LevelText(i), LevelText(i), filter, lowestLevelBit << i);
+        InsOption(cat, levelBoxW, RangeText(range), RangeText(range), filter, RangeBit(range));
         cat.NewLn();
     }
 }
@@ -88,7 +85,7 @@ void CConsole::ArrangeLevels()
     std::vector<CECtrl*> boxes;
     for (CVantPtr* pos = m_options->ctrls.GetHeadPos(); pos;) {
         CECtrl* const ctrl = m_options->ctrls.GetNext(pos);
-        if (ctrl->pVal == &filter && (static_cast<unsigned int>(ctrl->aux0) & levelBits))
+        if (ctrl->pVal == &filter && (static_cast<unsigned int>(ctrl->aux0) & rangeBits))
             boxes.push_back(ctrl);
     }
     if (boxes.empty())
@@ -96,7 +93,7 @@ void CConsole::ArrangeLevels()
     const int left = boxes.front()->rc.left;
     const int top = boxes.front()->rc.top;
     const int columns = std::clamp((ClientRc().Width() - left) / levelBoxW, 1, 2);
-    const int rows = levelBoxes / columns;
+    const int rows = levelRanges / columns;
     for (int i = 0; i < static_cast<int>(boxes.size()); ++i) {
         const CPoint at(left + i / rows * levelBoxW, top + i % rows * m_options->hdrH);
         boxes[static_cast<std::size_t>(i)]->rc = CRect(at, boxes[static_cast<std::size_t>(i)]->rc.Size());
