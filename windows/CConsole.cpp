@@ -32,7 +32,10 @@ CString KeptName(const CString& file)
 {
     const int length = Vant::dataDir.GetLength();
     const bool isBelow = file.GetLength() > length && Vant::dataDir.CompareNoCase(file.Left(length)) == 0;
-    return isBelow ? file.Mid(length) : file;
+    CString kept = isBelow ? file.Mid(length) : file;
+    if (isBelow)
+        kept.TrimLeft(L"\\/"); // a name that begins so is taken for one from a root
+    return kept;
 }
 
 /** The other way round; a name with a drive, or from a root, is whole already. */
@@ -265,17 +268,20 @@ void CConsole::LogEntry(const CECEntry* entry)
 void CConsole::Settings(CESetObj& obj)
 {
     CVantWnd::Settings(obj);
+    CString kept;
     {
         const Guard guard(*this);
-        CString kept = KeptName(fileName);
-        obj.Item(L"FName", kept);
-        if (kept.FindOneOf(L"?*") < 0)
-            fileName = WholeName(kept);
+        kept = KeptName(fileName);
     }
+    obj.Item(L"FName", kept);
     obj.Item(L"CslDetail", detail);
     obj.Item(L"LogTo", logTo);
     if (obj.IsStoring())
         return;
+    if (kept.FindOneOf(L"?*") < 0) {
+        const Guard guard(*this);
+        fileName = WholeName(kept);
+    }
     UpdCtrls();
     OnOption();
 }

@@ -15,7 +15,6 @@ namespace
 
 using testing::ElementsAre;
 using testing::EndsWith;
-using testing::IsEmpty;
 using testing::MatchesRegex;
 using ConsoleFile = WindowsTest;
 
@@ -210,9 +209,15 @@ TEST_F(ConsoleFile, ALogFileBelowTheDataDirectoryMovesWithIt)
     CESet set(1);
     CESetObj& obj = *set.AddCol(L"Wnds")->AddObj(L"Console", L"CConsole");
     console.Settings(obj);
+    CConsole typed;
+    const std::wstring withTwo = Dir() + L"\\typed.csv";
+    typed.fileName = withTwo.c_str();
+    CESetObj& other = *set.GetCol(L"Wnds")->AddObj(L"Typed", L"CConsole");
+    typed.Settings(other);
     const CString file = (Dir() + L"set.xml").c_str();
     ASSERT_TRUE(set.Save(file));
-    EXPECT_EQ(Text(console.fileName), Dir() + L"Logs\\Console.csv") << "storing changes nothing";
+    EXPECT_EQ(Text(typed.fileName), withTwo) << "storing changes nothing";
+    EXPECT_EQ(Text(console.fileName), Dir() + L"Logs\\Console.csv");
 
     const CString before = Vant::dataDir;
     for (const wchar_t* moved : {L"D:\\Moved\\", L"D:\\M\\"}) {
@@ -221,6 +226,8 @@ TEST_F(ConsoleFile, ALogFileBelowTheDataDirectoryMovesWithIt)
         ASSERT_TRUE(loaded.Load(file));
         console.Settings(*loaded.GetCol(L"Wnds")->GetObj(L"Console"));
         EXPECT_EQ(Text(console.fileName), std::wstring(moved) + L"Logs\\Console.csv");
+        typed.Settings(*loaded.GetCol(L"Wnds")->GetObj(L"Typed"));
+        EXPECT_EQ(Text(typed.fileName), std::wstring(moved) + L"typed.csv");
     }
     Vant::dataDir = before;
 }
