@@ -5,7 +5,6 @@
 #include "platform/Vant.h"
 
 #include <algorithm>
-#include <limits>
 #include <memory>
 
 using namespace vant::detail;

@@ -2,8 +2,6 @@
 #include "colour/CColTblCb.h"
 #include "colour/CPal.h"
 #include "colour/detail/BarPainter.h"
-#include "controls/CEEdit.h"
-#include "controls/CEText.h"
 #include "controls/detail/CtrlText.h"
 #include "platform/Vant.h"
 

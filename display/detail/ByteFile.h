@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <bit>
 #include <cstddef>
-#include <cstdint>
 #include <cstring>
 #include <span>
 #include <string>

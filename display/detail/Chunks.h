@@ -2,6 +2,8 @@
 
 #include "display/detail/ByteFile.h"
 
+#include <cstdint>
+
 namespace vant::detail
 {
 

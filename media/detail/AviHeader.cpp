@@ -1,6 +1,7 @@
 #include "media/detail/AviHeader.h"
 
-#include <algorithm>
+#include <span>
+#include <utility>
 
 namespace vant::detail
 {

@@ -12,8 +12,6 @@
 namespace
 {
 
-using testing::ElementsAre;
-
 class CPalTest : public ControlsTest
 {
 protected:

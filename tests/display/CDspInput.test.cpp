@@ -3,7 +3,6 @@
 #include "controls/CEMenu.h"
 #include "tests/display/ChartTest.h"
 
-#include <cmath>
 #include <memory>
 
 namespace

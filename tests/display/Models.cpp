@@ -3,7 +3,6 @@
 #include "tests/display/ChunkBytes.h"
 #include "tests/display/MeshParts.h"
 
-#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <numbers>

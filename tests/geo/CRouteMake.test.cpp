@@ -4,7 +4,6 @@
 
 #include "tests/geo/Routes.h"
 
-#include <cmath>
 #include <limits>
 #include <numeric>
 

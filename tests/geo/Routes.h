@@ -6,7 +6,6 @@
 
 #include <gmock/gmock.h>
 
-#include <initializer_list>
 #include <string>
 #include <vector>
 

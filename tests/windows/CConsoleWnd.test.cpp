@@ -1,4 +1,3 @@
-#include "controls/CECheck.h"
 #include "support/GdiCount.h"
 #include "support/MessagePump.h"
 #include "windows/CCslComms.h"

@@ -1,5 +1,4 @@
 #include "windows/CCslAlm.h"
-#include "support/MessagePump.h"
 #include "windows/WindowsTest.h"
 
 namespace

@@ -1,7 +1,5 @@
 #include "windows/detail/MsgPlace.h"
 
-#include <algorithm>
-
 namespace vant::detail
 {
 
