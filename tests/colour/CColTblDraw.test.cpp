@@ -6,11 +6,6 @@ namespace
 
 constexpr std::uint32_t untouched = 0x123456;
 
-std::uint32_t Pixel(const CRgb& c)
-{
-    return static_cast<std::uint32_t>(c.red << 16 | c.green << 8 | c.blue);
-}
-
 class StripTest : public ControlsTest
 {
 protected:

@@ -14,11 +14,6 @@ namespace
 
 using testing::ElementsAre;
 
-std::uint32_t Pixel(const CRgb& c)
-{
-    return static_cast<std::uint32_t>(c.red << 16 | c.green << 8 | c.blue);
-}
-
 std::vector<CRgb> Ramp()
 {
     std::vector<CRgb> entries;

@@ -2,13 +2,19 @@
 
 #include "colour/CColTbl.h"
 
+#include <cstdint>
 #include <ostream>
-#include <string>
 #include <vector>
 
 inline void PrintTo(const CRgb& c, std::ostream* out)
 {
     *out << "(" << int{c.red} << ", " << int{c.green} << ", " << int{c.blue} << ", " << int{c.alpha} << ")";
+}
+
+/** A colour as Canvas::At() gives it: 0xRRGGBB. */
+inline std::uint32_t Pixel(const CRgb& c)
+{
+    return static_cast<std::uint32_t>(c.red << 16 | c.green << 8 | c.blue);
 }
 
 /** The entries of a table. */

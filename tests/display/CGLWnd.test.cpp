@@ -12,7 +12,6 @@ namespace
 {
 
 using testing::ElementsAre;
-using testing::HasSubstr;
 using testing::IsEmpty;
 using namespace vant::detail;
 
@@ -47,17 +46,6 @@ protected:
             calls.push_back("swap");
             return system.swapBuffers(dc);
         };
-    }
-
-    /** How many of the first 20,000 list names are in use in all windows. */
-    static int ListCount(SceneWnd& wnd)
-    {
-        int count = 0;
-        wnd.InContext([&count] {
-            for (GLuint list = 1; list <= 20'000; ++list)
-                count += glIsList(list);
-        });
-        return count;
     }
 };
 

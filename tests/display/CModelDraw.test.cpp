@@ -18,18 +18,6 @@ using testing::IsEmpty;
 
 constexpr int size = 64;
 
-/** Whether two colours 0xRRGGBB are as good as the same. */
-testing::AssertionResult IsNear(std::uint32_t got, std::uint32_t wanted)
-{
-    constexpr int rounding = 3;
-    bool isNear = true;
-    for (const int shift : {0, 8, 16})
-        isNear = isNear && std::abs(static_cast<int>(got >> shift & 0xFF) -
-                                    static_cast<int>(wanted >> shift & 0xFF)) <= rounding;
-    return (isNear ? testing::AssertionSuccess() : testing::AssertionFailure())
-           << std::hex << got << ", wanted " << wanted;
-}
-
 MaterialData Matt(const std::string& name, float red, float green, float blue)
 {
     MaterialData material;
@@ -76,16 +64,6 @@ protected:
         wnd.up = up;
     }
     void LookFromBelow() { LookFrom({0, 0, -1}, {0, 1, 0}); }
-
-    int CountLists()
-    {
-        int count = 0;
-        wnd.InContext([&] {
-            for (GLuint list = 1; list < 5'000; ++list)
-                count += glIsList(list) ? 1 : 0;
-        });
-        return count;
-    }
 
     ViewWnd wnd;
     CModel model;
@@ -211,10 +189,10 @@ TEST_F(CModelDrawTest, ShadesRoundThingsSmoothly)
 TEST_F(CModelDrawTest, CompilesOneListAndLetsItGo)
 {
     Load(support::Cube());
-    const int before = CountLists();
+    const int before = ListCount(wnd);
     Centre();
     Centre();
-    EXPECT_EQ(CountLists(), before + 1);
+    EXPECT_EQ(ListCount(wnd), before + 1);
 
     model.mtrls[4]->diffuse = {1, 1, 1};
     EXPECT_TRUE(IsNear(Centre(), 0x0000FF));
@@ -226,12 +204,12 @@ TEST_F(CModelDrawTest, CompilesOneListAndLetsItGo)
         CImage image;
         wnd.Capture(image, size, copy);
         EXPECT_TRUE(IsNear(At(image, size / 2, size / 2), 0x00FF00));
-        EXPECT_EQ(CountLists(), before + 2);
+        EXPECT_EQ(ListCount(wnd), before + 2);
     }
-    EXPECT_EQ(CountLists(), before + 1);
+    EXPECT_EQ(ListCount(wnd), before + 1);
     model.Clear();
     EXPECT_EQ(Centre(), 0U);
-    EXPECT_EQ(CountLists(), before);
+    EXPECT_EQ(ListCount(wnd), before);
 
     // Within a list of the application there is none of the model's.
     Load(support::Cube());
@@ -247,7 +225,7 @@ TEST_F(CModelDrawTest, CompilesOneListAndLetsItGo)
         EXPECT_TRUE(IsNear(pixel & 0xFFFFFF, 0x0000FF));
         glDeleteLists(own, 1);
     });
-    EXPECT_EQ(CountLists(), before);
+    EXPECT_EQ(ListCount(wnd), before);
 }
 
 TEST_F(CModelDrawTest, StaysWhenTheContextsGo)

@@ -1,11 +1,11 @@
 #include "display/GLTest.h"
 
 #include <algorithm>
+#include <cstdlib>
 
 void SceneWnd::Render()
 {
     ++renders;
-    lastRC = ::wglGetCurrentContext();
     glMatrixMode(GL_PROJECTION);
     glLoadIdentity();
     glOrtho(0, ViewRc().Width(), 0, ViewRc().Height(), -100, 100);
@@ -58,6 +58,16 @@ GLTest::~GLTest()
 std::uint32_t GLTest::At(const CImage& image, int x, int y)
 {
     return *static_cast<const std::uint32_t*>(image.GetPixelAddress(x, y)) & 0xFFFFFF;
+}
+
+testing::AssertionResult GLTest::IsNear(std::uint32_t got, std::uint32_t wanted, int tolerance)
+{
+    bool isNear = true;
+    for (const int shift : {0, 8, 16})
+        isNear = isNear && std::abs(static_cast<int>(got >> shift & 0xFF) -
+                                    static_cast<int>(wanted >> shift & 0xFF)) <= tolerance;
+    return (isNear ? testing::AssertionSuccess() : testing::AssertionFailure())
+           << std::hex << got << ", wanted " << wanted;
 }
 
 bool GLTest::IsLit(const CImage& image, int x, int y)

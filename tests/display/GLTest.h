@@ -20,7 +20,6 @@ class SceneWnd : public CGLWnd
 public:
     std::function<void()> scene = [] {};
     int renders = 0;
-    HGLRC lastRC = nullptr;
 
     void Render() override;
     /** A window without a frame: its client area is the whole of it. Not shown. */
@@ -44,6 +43,8 @@ protected:
 
     /** Colour of a pixel as 0xRRGGBB. */
     static std::uint32_t At(const CImage& image, int x, int y);
+    /** Whether no channel of two colours 0xRRGGBB is farther apart. */
+    static testing::AssertionResult IsNear(std::uint32_t got, std::uint32_t wanted, int tolerance = 3);
     /** Whether a pixel is nearer to white than to black. */
     static bool IsLit(const CImage& image, int x, int y);
     /** The smallest rectangle around the lit pixels; empty without one. */
@@ -51,6 +52,17 @@ protected:
     /** Separate strokes that a row of the picture goes through. */
     static int Strokes(const CImage& image, int y);
     static std::vector<std::wstring> AlarmTexts();
+    /** How many of the first 20,000 list names are in use in all windows that share. */
+    template <class Wnd>
+    static int ListCount(Wnd& wnd)
+    {
+        int count = 0;
+        wnd.InContext([&count] {
+            for (GLuint list = 1; list <= 20'000; ++list)
+                count += glIsList(list);
+        });
+        return count;
+    }
 
 private:
     const vant::detail::GLCalls m_gl = vant::detail::GL();
