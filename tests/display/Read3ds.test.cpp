@@ -9,6 +9,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <chrono>
 #include <fstream>
 #include <iterator>
@@ -81,11 +82,11 @@ TEST(Read3ds, SkipsWhatItDoesNotKnow)
 {
     const std::string expected = "<Default d=0.0156863 0.0196078 0.0235294 t=1 x=A.BMP>"
                                  "{o: v(0 0 0)(1 0 0)(0 1 0) f(0 2 1/7)}";
-    for (const ModelFile& file : SeedFiles()) {
-        if (file.name == "surrounded.3ds") {
-            EXPECT_EQ(Dump(Read(file.bytes)), expected);
-        }
-    }
+    const std::vector<ModelFile> files = SeedFiles();
+    const auto surrounded = std::find_if(files.begin(), files.end(),
+                                         [](const ModelFile& file) { return file.name == "surrounded.3ds"; });
+    ASSERT_NE(surrounded, files.end());
+    EXPECT_EQ(Dump(Read(surrounded->bytes)), expected);
 }
 
 TEST(Read3ds, RefusesWhatDoesNotBeginAsAModel)

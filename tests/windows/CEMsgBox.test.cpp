@@ -1,6 +1,5 @@
 #include "windows/MsgTest.h"
 
-#include "resources/Skins.h"
 #include "support/GdiCount.h"
 #include "support/LogRecorder.h"
 
@@ -14,9 +13,6 @@ using vant::detail::LogTarget;
 class CEMsgBoxTest : public MsgTest
 {
 protected:
-    // A test that stayed before this one has left its mark.
-    CEMsgBoxTest() { Box().stay = 0; }
-
     static CEMsgBox& Box() { return Vant::msgBox; }
 
     static void Tick() { Box().SendMessage(WM_TIMER, 1); }

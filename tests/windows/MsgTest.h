@@ -49,7 +49,11 @@ inline bool IsInside(const CRect& r, const CRect& area)
 class MsgTest : public testing::Test
 {
 protected:
-    MsgTest() { Vant::Init(); }
+    MsgTest()
+    {
+        Vant::msgBox.stay = 0; // the mark of a test that stayed before this one
+        Vant::Init();
+    }
     ~MsgTest() override
     {
         ::AfxGetThread()->m_pMainWnd = nullptr;
