@@ -206,6 +206,7 @@ TEST_F(CDspTest, PicksMoreThanTheBufferHoldsAtFirst)
     wnd.Open();
     CDspMInf inf;
     EXPECT_EQ(wnd.Pick(100, 50, inf), 20'001);
+    EXPECT_LE(many.asked, 2) << "for its extents and its name, not for each part";
 }
 
 TEST_F(CDspTest, TakesOnlyCamerasThatShowSomething)

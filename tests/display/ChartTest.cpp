@@ -116,6 +116,7 @@ void Tile::Draw(CDsp& dsp)
 
 void Tile::GetInf(CMdlInf& inf)
 {
+    ++asked;
     inf.name = name.c_str();
     inf.hasExt = hasExt;
     inf.lower = at - CV3(half, half, 0);

@@ -56,6 +56,7 @@ public:
     unsigned part = 0;
     COLORREF colour = RGB(255, 255, 255);
     int hasExt = 1;
+    int asked = 0; // how often for its information
     std::function<void(CDsp&)> also;
 };
 

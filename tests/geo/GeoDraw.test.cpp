@@ -13,8 +13,6 @@
 namespace
 {
 
-using testing::ElementsAre;
-
 constexpr int side = 200;
 
 /** Draws its routes in one of its ways. */
