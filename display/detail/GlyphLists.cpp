@@ -66,10 +66,11 @@ GlyphLists::GlyphLists(HDC dc, HFONT font, bool shares)
 {
     const SelectedFont selected(dc, font);
     const unsigned lists = glGenLists(count);
-    if (shares)
+    // Without any they would be the lists from 0 on, which are others' to fill and to delete.
+    if (shares && lists)
         m_shared.emplace(GLName::Kind::lists, lists, count);
     GLYPHMETRICSFLOAT metrics[count]{};
-    if (!GL().fontOutlines(dc, 0, count - 1, lists, metrics)) {
+    if (!lists || !GL().fontOutlines(dc, 0, count - 1, lists, metrics)) {
         const CString cause = Vant::ErrorString(::GetLastError());
         Vant::Alarm(0, 1, L"Error in generating drawn font code = %s", static_cast<LPCWSTR>(cause));
         return;

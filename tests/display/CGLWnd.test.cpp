@@ -162,6 +162,25 @@ TEST_F(CGLWndTest, ReportsWhatTheDriverRefusesAndStaysUsable)
     EXPECT_THAT(AlarmTexts(), ElementsAre(L"Error in sharing display lists code = " + busy));
 }
 
+TEST_F(CGLWndTest, AWindowThatGotNoListsTakesNobodysAlong)
+{
+    const auto makeCurrent = GL().makeCurrent;
+    auto refused = std::make_unique<SceneWnd>();
+    GL().makeCurrent = [](HDC, HGLRC) { return FALSE; };
+    refused->CreatePopup();
+    GL().makeCurrent = makeCurrent;
+
+    SceneWnd wnd;
+    wnd.CreatePopup();
+    wnd.scene = [] { CGLWnd::XyText(10, 10, 0, 20, 0, L"Depth"); };
+    refused.reset();
+    CImage image;
+    for (int i = 0; i < 2; ++i) { // what was let go of is deleted at the beginning of a drawing
+        wnd.Capture(image, 80, 60);
+        EXPECT_FALSE(Ink(image).IsRectEmpty()) << i;
+    }
+}
+
 TEST_F(CGLWndTest, DrawsWithInsetsOnTheScreenAndNothingWhileHidden)
 {
     const ScreenLock screen;
