@@ -34,14 +34,7 @@ void ChartWnd::Capture(CImage& image)
 {
     CRect client;
     GetClientRect(&client);
-    if (PbWidth() != client.Width() || PbHeight() != client.Height()) {
-        CClientDC dc(this);
-        ASSERT_EQ(InitPB(dc, client.Width(), client.Height()), 1);
-    }
-    if (image.IsNull()) {
-        ASSERT_TRUE(image.Create(client.Width(), client.Height(), 32));
-    }
-    ASSERT_EQ(CapPB(image), 1);
+    CaptureScene(*this, image, client.Size());
 }
 
 void ChartWnd::Send(UINT message, WPARAM wParam, int atX, int atY)

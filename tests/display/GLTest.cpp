@@ -3,6 +3,16 @@
 #include <algorithm>
 #include <cstdlib>
 
+void CaptureScene(CGLWnd& wnd, CImage& image, CSize size, bool topDown)
+{
+    if (wnd.PbWidth() != size.cx || wnd.PbHeight() != size.cy) {
+        CClientDC dc(&wnd);
+        ASSERT_EQ(wnd.InitPB(dc, size.cx, size.cy), 1);
+    }
+    ASSERT_TRUE(image.Create(size.cx, topDown ? -size.cy : size.cy, 32));
+    ASSERT_EQ(wnd.CapPB(image), 1);
+}
+
 void SceneWnd::Render()
 {
     ++renders;
@@ -31,11 +41,7 @@ int SceneWnd::InitPB(int width, int height)
 
 void SceneWnd::Capture(CImage& image, int width, int height, bool topDown)
 {
-    if (PbWidth() != width || PbHeight() != height) {
-        ASSERT_EQ(InitPB(width, height), 1);
-    }
-    ASSERT_TRUE(image.Create(width, topDown ? -height : height, 32));
-    ASSERT_EQ(CapPB(image), 1);
+    CaptureScene(*this, image, CSize(width, height), topDown);
 }
 
 void SceneWnd::InContext(const std::function<void()>& code)

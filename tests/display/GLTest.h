@@ -13,6 +13,10 @@
 #include <functional>
 #include <string>
 
+/** Draws the scene of a window into an image of this size, which is made; so is the window's buffer, unless
+ * it has one of that size. */
+void CaptureScene(CGLWnd& wnd, CImage& image, CSize size, bool topDown = false);
+
 /** A 3D window whose scene is the test's. Its projection is one unit per pixel, y upwards from the lower left
  * corner. */
 class SceneWnd : public CGLWnd
@@ -25,7 +29,7 @@ public:
     /** A window without a frame: its client area is the whole of it. Not shown. */
     void CreatePopup(int width = 200, int height = 150, CPoint at = CPoint(0, 0));
     int InitPB(int width, int height);
-    /** The scene as CapPB() has it. The buffer is made in the image's size. */
+    /** The scene as CapPB() has it. */
     void Capture(CImage& image, int width, int height, bool topDown = false);
     /** Runs the test's code where the contexts' lists and textures are. */
     void InContext(const std::function<void()>& code);

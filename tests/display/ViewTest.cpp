@@ -43,14 +43,7 @@ void ViewWnd::Open(int size, CPoint at)
 
 void ViewWnd::Capture(CImage& image, int size)
 {
-    if (PbWidth() != size) {
-        CClientDC dc(this);
-        ASSERT_EQ(InitPB(dc, size, size), 1);
-    }
-    if (image.IsNull()) {
-        ASSERT_TRUE(image.Create(size, size, 32));
-    }
-    ASSERT_EQ(CapPB(image), 1);
+    CaptureScene(*this, image, CSize(size, size));
 }
 
 void ViewWnd::Capture(CImage& image, int size, CModel& model)
