@@ -123,8 +123,10 @@ void Playback::Keep(const NmeaReadings& readings, double time)
     bool moved = false;
     for (const Reading& reading : readings.Items()) {
         if (reading.quantity == Quantity::UtcTime) {
-            // GGA and RMC of one second carry the same position: the track takes it once.
-            moved = reading.value != m_values[Quantity::UtcTime].value || m_track.IsEmpty();
+            // GGA and RMC of one second carry the same position: the track takes it once. Without a time it
+            // is not known which belong together: it takes all.
+            moved = reading.value != m_values[Quantity::UtcTime].value || m_track.IsEmpty() ||
+                    IsMissing(reading.value);
         }
         const double value = Corrected(readings, reading);
         m_values[reading.quantity] = {value, time, true};

@@ -96,6 +96,17 @@ TEST(Playback, ReportsDropOutsWithTheirLength)
     EXPECT_TRUE(playback.Track()[5].joined);
 }
 
+TEST(Playback, PositionsWithoutATimeMakeATrackToo)
+{
+    std::string log;
+    for (const char* const latitude : {"5428.2721", "5428.2731", "5428.2741"})
+        log += Line(std::string("GPRMC,,A,") + latitude + ",N,01023.5262,E,4.87,61.2,170624,,") + "\r\n";
+    const Tape tape(log);
+    Playback playback(tape);
+    playback.Advance(1.0);
+    EXPECT_EQ(3U, playback.Track().Size());
+}
+
 TEST(Playback, SilenceIsDatedWhenItIsNoticeable)
 {
     std::string log = Fix(0) + Line("HEHDT,65.7,T") + "\r\n";
