@@ -4,6 +4,7 @@
 #include "core/CMat.h"
 #include "demo/detail/Quantities.h"
 #include "demo/detail/Text.h"
+#include "demo/scene/Drawing.h"
 #include "display/CDsp.h"
 #include "display/CDspMHit.h"
 #include "display/CMdlInf.h"
@@ -19,7 +20,6 @@ namespace demo
 namespace
 {
 
-constexpr const wchar_t* boatName = L"Lodestar";
 constexpr double symbolPixels = 34.0; // least length on a chart
 constexpr double courseTime = 20.0;   // seconds that the line on a chart looks ahead
 constexpr double above = 7.0;         // metres, of the mast over the water
@@ -72,7 +72,7 @@ void CBoatMdl::DrawCourse(CDsp& dsp) const
         return;
     dsp.PushOrg(m_motion.place);
     glDisable(GL_LIGHTING);
-    glColor3ub(GetRValue(Vant::light), GetGValue(Vant::light), GetBValue(Vant::light));
+    SetGlColour(Vant::light);
     glLineWidth(static_cast<float>(1.5 * dsp.Dpi().Dpi() / CDpi::base));
     glBegin(GL_LINES);
     glVertex3d(0, 0, 0);

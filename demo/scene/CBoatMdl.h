@@ -12,7 +12,8 @@ namespace demo
 class CBoatMdl : public CMdl
 {
 public:
-    static constexpr double length = 14.0; ///< metres, of the model
+    static constexpr const wchar_t* boatName = L"Lodestar"; ///< what a user picks it by
+    static constexpr double length = 14.0;                  ///< metres, of the model
 
     /** Information message of its menu: a view is to follow the boat, or no longer. Its data is the view. */
     static constexpr int followInfo = 7002;

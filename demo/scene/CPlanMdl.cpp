@@ -1,10 +1,9 @@
 #include "demo/scene/CPlanMdl.h"
 
 #include "controls/CEMenu.h"
+#include "demo/scene/Drawing.h"
 #include "display/CDsp.h"
 #include "display/CMdlInf.h"
-
-#include <algorithm>
 
 #include <GL/gl.h>
 
@@ -18,11 +17,6 @@ constexpr double height = 0.03;      // metres over the water, below the track
 constexpr double lineWidth = 1.5;    // units
 constexpr GLubyte edgeOpacity = 120; // of the corridor's edges
 constexpr GLushort dashes = 0x0FFF;  // twelve pixels on, four off
-
-void Colour(GLubyte opacity)
-{
-    glColor4ub(GetRValue(planColour), GetGValue(planColour), GetBValue(planColour), opacity);
-}
 
 } // namespace
 
@@ -42,13 +36,13 @@ void CPlanMdl::Draw(CDsp& dsp)
     glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
     dsp.PushOrg(org);
     glLineWidth(unit);
-    Colour(edgeOpacity);
+    SetGlColour(planColour, edgeOpacity);
     DrawLine(m_route.PortEdge(), org);
     DrawLine(m_route.StarboardEdge(), org);
     glEnable(GL_LINE_STIPPLE);
     glLineStipple(1, dashes);
     glLineWidth(static_cast<float>(lineWidth) * unit);
-    Colour(255);
+    SetGlColour(planColour);
     DrawLine(m_route.Smooth(), org);
     dsp.PopOrg();
     if (dsp.Cam().kind == CDspCam::plan)
@@ -96,11 +90,7 @@ void CPlanMdl::GetInf(CMdlInf& inf)
                       height);
         const CV3 high(point.place.east + PlannedRoute::corridor, point.place.north + PlannedRoute::corridor,
                        height);
-        inf.lower =
-            inf.hasExt ? CV3(std::min(inf.lower.x, low.x), std::min(inf.lower.y, low.y), height) : low;
-        inf.upper =
-            inf.hasExt ? CV3(std::max(inf.upper.x, high.x), std::max(inf.upper.y, high.y), height) : high;
-        inf.hasExt = 1;
+        Widen(inf, low, high);
     }
 }
 

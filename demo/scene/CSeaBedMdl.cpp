@@ -2,13 +2,13 @@
 
 #include "colour/CPal.h"
 #include "demo/draw/ColourSet.h"
+#include "demo/scene/Drawing.h"
 #include "display/CDsp.h"
 #include "display/CMdlInf.h"
 #include "platform/Vant.h"
 
 #include <algorithm>
 #include <cmath>
-#include <cstddef>
 #include <vector>
 
 #include <GL/gl.h>
@@ -106,13 +106,7 @@ void CSeaBedMdl::GetInf(CMdlInf& inf)
     for (const auto& [key, tile] : m_tiles) {
         const CV3 low(tile.origin.east, tile.origin.north, -m_deepest);
         const CV3 high(low.x + tileSize, low.y + tileSize, -m_shallowest);
-        if (!inf.hasExt) {
-            inf.lower = low;
-            inf.upper = high;
-        }
-        inf.hasExt = 1;
-        inf.lower = {std::min(inf.lower.x, low.x), std::min(inf.lower.y, low.y), low.z};
-        inf.upper = {std::max(inf.upper.x, high.x), std::max(inf.upper.y, high.y), high.z};
+        Widen(inf, low, high);
     }
 }
 

@@ -1,6 +1,7 @@
 #include "demo/scene/CSeaMdl.h"
 
 #include "demo/draw/ColourSet.h"
+#include "demo/scene/Drawing.h"
 #include "display/CDsp.h"
 #include "display/CMdlInf.h"
 #include "platform/Vant.h"
@@ -37,8 +38,7 @@ void Corner(const Ring& ring, int sector)
 {
     const double angle = 2 * std::numbers::pi * sector / sectors;
     const COLORREF colour = Mix(NearColour(), CSeaMdl::HorizonColour(), ring.towards);
-    glColor4ub(GetRValue(colour), GetGValue(colour), GetBValue(colour),
-               static_cast<GLubyte>(std::lround(ring.opacity * 255)));
+    SetGlColour(colour, static_cast<GLubyte>(std::lround(ring.opacity * 255)));
     glVertex2d(ring.radius * std::cos(angle), ring.radius * std::sin(angle));
 }
 

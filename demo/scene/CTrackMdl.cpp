@@ -1,11 +1,11 @@
 #include "demo/scene/CTrackMdl.h"
 
 #include "colour/CPal.h"
+#include "demo/scene/Drawing.h"
 #include "display/CDsp.h"
 #include "display/CMdlInf.h"
 #include "platform/Vant.h"
 
-#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -21,8 +21,7 @@ constexpr double rimWidth = 1.0;   // of the dark rim that tells it from the sea
 constexpr double height = 0.05;    // metres over the water, which would cover it
 constexpr double everything = 1e9; // metres
 
-} // namespace
-
+/** What a view shows of the ground: all of it from an orbit camera. */
 GroundWindow ShownGround(const CDsp& dsp)
 {
     const CDspCam& cam = dsp.Cam();
@@ -38,6 +37,8 @@ GroundWindow ShownGround(const CDsp& dsp)
     window.high = {cam.org.x + radius, cam.org.y + radius};
     return window;
 }
+
+} // namespace
 
 CTrackMdl::CTrackMdl(const Playback& playback, const LocalPlane& plane, const CPal& pal)
     : m_playback(playback)
@@ -68,7 +69,7 @@ void CTrackMdl::Draw(CDsp& dsp)
     dsp.PushOrg({window.origin.east, window.origin.north, height});
     glEnableClientState(GL_VERTEX_ARRAY);
     glVertexPointer(2, GL_FLOAT, sizeof(TrackRuns::Vertex), m_runs.vertices.data());
-    glColor3ub(GetRValue(Vant::back), GetGValue(Vant::back), GetBValue(Vant::back));
+    SetGlColour(Vant::back);
     DrawLines((lineWidth + 2 * rimWidth) * unit);
     glEnableClientState(GL_COLOR_ARRAY);
     glColorPointer(4, GL_UNSIGNED_BYTE, sizeof(CRgb), m_colours.data());
@@ -96,9 +97,7 @@ void CTrackMdl::GetInf(CMdlInf& inf)
     for (std::size_t i = 0; i < track.Size(); ++i) {
         const GroundPoint place = m_plane.PlaceOf(track[i].latitude, track[i].longitude);
         const CV3 at(place.east, place.north, height);
-        inf.lower = i > 0 ? CV3(std::min(inf.lower.x, at.x), std::min(inf.lower.y, at.y), height) : at;
-        inf.upper = i > 0 ? CV3(std::max(inf.upper.x, at.x), std::max(inf.upper.y, at.y), height) : at;
-        inf.hasExt = 1;
+        Widen(inf, at, at);
     }
 }
 

@@ -24,16 +24,13 @@ public:
     void GetInf(CMdlInf& inf) override;
 
 private:
+    void DrawLines(double width) const;
+
     const Playback& m_playback;
     const LocalPlane& m_plane;
     const CPal& m_pal;
-    void DrawLines(double width) const;
-
     TrackRuns m_runs;            // of the last drawing
     std::vector<CRgb> m_colours; // of its vertices
 };
-
-/** What a view shows of the ground: all of it from an orbit camera. */
-GroundWindow ShownGround(const CDsp& dsp);
 
 } // namespace demo

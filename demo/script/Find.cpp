@@ -101,6 +101,16 @@ bool IsRaised(unsigned long id, unsigned int kind)
     return Vant::alarm.GetEntry(id, alarm) != 0 && (alarm.kind & kind) == kind;
 }
 
+double FromBoat(const Stage& stage, const CSceneWnd& view)
+{
+    return (view.Cam().org - stage.scene.Boat().Now().place).Length();
+}
+
+bool IsBoatPicked(const CSceneWnd& view)
+{
+    return view.Picked().Find(CBoatMdl::boatName) == 0;
+}
+
 std::wstring WindowText(const CWnd& wnd)
 {
     CString text;

@@ -37,6 +37,11 @@ CPoint AlarmBox(unsigned long id);
 /** Whether an alarm was raised and its entry has all of the CConsole::KindBits `kind`. */
 bool IsRaised(unsigned long id, unsigned int kind);
 
+/** How far the boat is from the middle of a view, metres. */
+double FromBoat(const Stage& stage, const CSceneWnd& view);
+/** Whether the boat was picked last in a view. */
+bool IsBoatPicked(const CSceneWnd& view);
+
 std::wstring WindowText(const CWnd& wnd);
 bool HasFocus(const CWnd& wnd);
 bool IsSeen(const CWnd& wnd);

@@ -2,6 +2,7 @@
 #include "demo/script/Find.h"
 
 #include <cmath>
+#include <iterator>
 
 namespace demo
 {
@@ -28,16 +29,6 @@ CPoint NothingIn(const Stage& stage, const CSceneWnd& view)
         }
     }
     return boat; // which the act does not accept
-}
-
-double FromBoat(const Stage& stage, const CSceneWnd& view)
-{
-    return (view.Cam().org - stage.scene.Boat().Now().place).Length();
-}
-
-bool IsBoat(const CString& picked)
-{
-    return picked.Find(L"Lodestar") == 0;
 }
 
 /** Shows what is hidden, by its key. */
@@ -110,7 +101,7 @@ const Act acts[] = {
 
     {L"a click on the boat picks it in the chart",
      [](Stage& s) { s.hands.Click(s.chart, BoatIn(s, s.chart)); },
-     [](const Stage& s) { return IsBoat(s.chart.Picked()); }},
+     [](const Stage& s) { return IsBoatPicked(s.chart); }},
 
     {L"the left button turns the orbit view",
      [](Stage& s) {
@@ -129,7 +120,7 @@ const Act acts[] = {
          const CPoint boat = BoatIn(s, s.orbit);
          s.hands.Drag(s.orbit, boat, boat, CInput::Button::Right);
      },
-     [](const Stage& s) { return IsBoat(s.orbit.Picked()); }},
+     [](const Stage& s) { return IsBoatPicked(s.orbit); }},
 
     {L"and opens its menu, which Escape closes", [](Stage& s) { s.hands.Key(VK_ESCAPE); },
      [](const Stage& s) { return !IsMenuOpen() && HasFocus(s.orbit); }},

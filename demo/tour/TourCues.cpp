@@ -11,6 +11,7 @@
 #include "windows/CCslAlm.h"
 
 #include <cmath>
+#include <initializer_list>
 
 namespace demo
 {
@@ -58,11 +59,6 @@ CPoint WaypointCell(const Stage& stage)
 {
     CEGrid& grid = *stage.survey.Waypoints();
     return grid.Dpi().ToPx(grid.CellRc(shownRow, 1).CenterPoint());
-}
-
-double FromBoat(const Stage& stage, const CSceneWnd& view)
-{
-    return (view.Cam().org - stage.scene.Boat().Now().place).Length();
 }
 
 const TourCue cues[] = {
@@ -128,7 +124,7 @@ const TourCue cues[] = {
          hand.Click(s.chart, [&s] { return BoatIn(s, s.chart); });
      },
      L"a click on the boat tells its name, course and speed",
-     [](const Stage& s) { return s.chart.Picked().Find(L"Lodestar") == 0; }},
+     [](const Stage& s) { return IsBoatPicked(s.chart); }},
     {34.4, nullptr,
      [](Stage& s, CTourHand& hand) {
          s.chart.mouseMode = CDsp::mousePan;

@@ -1,6 +1,7 @@
 #include "demo/views/COrbitWnd.h"
 
 #include "demo/draw/ColourSet.h"
+#include "demo/scene/Drawing.h"
 #include "platform/Vant.h"
 
 #include <algorithm>
@@ -16,11 +17,6 @@ namespace
 constexpr double firstZoom = 20.0; // metres from the lower to the upper edge
 constexpr double firstBearing = 25.0;
 constexpr double firstElevation = 17.0;
-
-void Colour(COLORREF colour)
-{
-    glColor3ub(GetRValue(colour), GetGValue(colour), GetBValue(colour));
-}
 
 /** Where the horizon is, -1 at the lower edge of the view to 1 at the upper one; it may be outside. */
 double HorizonIn(const CDspCam& cam)
@@ -47,13 +43,13 @@ void DrawSky(double horizonAt)
     glLoadIdentity();
     glDisable(GL_DEPTH_TEST);
     glBegin(GL_TRIANGLE_STRIP);
-    Colour(CSeaMdl::DeepColour());
+    SetGlColour(CSeaMdl::DeepColour());
     row(-1);
     row(std::max(horizonAt - haze, -1.0));
-    Colour(CSeaMdl::HorizonColour());
+    SetGlColour(CSeaMdl::HorizonColour());
     row(std::max(horizonAt - haze, -1.0));
     row(horizonAt);
-    Colour(Mix(Vant::back, CSeaMdl::HorizonColour(), 0.12));
+    SetGlColour(Mix(Vant::back, CSeaMdl::HorizonColour(), 0.12));
     row(horizonAt + skyHeight);
     row(std::max(horizonAt + skyHeight, 1.0));
     glEnd();

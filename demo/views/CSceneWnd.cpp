@@ -1,7 +1,7 @@
 #include "demo/views/CSceneWnd.h"
 
 #include "controls/CEMenu.h"
-#include "demo/draw/ColourSet.h"
+#include "demo/scene/Drawing.h"
 #include "display/CDspMInf.h"
 #include "platform/Vant.h"
 
@@ -25,9 +25,8 @@ constexpr double scaleWidth = 64.0; // of the graticule's labels at the left edg
 
 void Plate(double left, double bottom, double right, double top)
 {
-    const COLORREF colour = Vant::back;
     constexpr GLubyte opacity = 176;
-    glColor4ub(GetRValue(colour), GetGValue(colour), GetBValue(colour), opacity);
+    SetGlColour(Vant::back, opacity);
     glRectd(left, bottom, right, top);
 }
 
