@@ -16,7 +16,7 @@ namespace
 
 /** @name Places in a window of the least size, units @{ */
 constexpr int edge = 8;
-constexpr int lampWidth = 128;
+constexpr int lampWidth = 140;
 constexpr int lampHeight = 22;
 constexpr int gainTop = 36;
 constexpr int gainHeight = 36;
@@ -48,7 +48,7 @@ constexpr struct {
     const wchar_t* gone;
 } lampTexts[] = {
     {L"Sounder live", L"Sounder silent", L"No sounder"},
-    {L"Log live", L"Log silent", L"No log"},
+    {L"Speed log live", L"Speed log silent", L"No speed log"},
     {L"Position live", L"Position lost", L"No position"},
 };
 
