@@ -7,6 +7,8 @@
 #include "windows/CCslAlm.h"
 
 #include <algorithm>
+#include <optional>
+#include <vector>
 
 namespace demo
 {

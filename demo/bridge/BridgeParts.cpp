@@ -9,6 +9,9 @@
 #include "windows/CCslComms.h"
 
 #include <algorithm>
+#include <initializer_list>
+#include <memory>
+#include <optional>
 
 namespace demo
 {
@@ -76,9 +79,8 @@ bool CBridge::OpenParts()
     for (CConsole* const console :
          std::initializer_list<CConsole*>{&Vant::alarm, &Vant::csl, &Vant::status, &Vant::comms})
         console->hdrH = 0;
-    const auto open = [this](const auto& panel) { return panel->Open(*this); };
-    const auto openDock = [this](const auto& dock) { return dock->Open(*this, 0); };
-    return std::ranges::all_of(m_panels, open) && std::ranges::all_of(m_docks, openDock);
+    const auto open = [this](const auto& part) { return part->Open(*this); };
+    return std::ranges::all_of(m_panels, open) && std::ranges::all_of(m_docks, open);
 }
 
 bool CBridge::OpenViews()

@@ -6,7 +6,6 @@
 #include "demo/script/Acts.h"
 #include "demo/script/CScript.h"
 #include "demo/session/AlarmTexts.h"
-#include "demo/session/Commands.h"
 #include "demo/tour/CTour.h"
 #include "platform/Vant.h"
 #include "time/TmSync.h"

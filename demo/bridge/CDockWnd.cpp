@@ -26,10 +26,10 @@ CDockWnd::CDockWnd(const wchar_t* title, CVantWnd& guest, Session& session, Look
 {
 }
 
-bool CDockWnd::Open(CWnd& parent, DWORD style)
+bool CDockWnd::Open(CWnd& parent)
 {
     return CPanelWnd::Open(parent) &&
-           m_guest.Create(Vant::wndClass, m_title.c_str(), WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | style,
+           m_guest.Create(Vant::wndClass, m_title.c_str(), WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN,
                           CRect(0, 0, 0, 0), this, 0);
 }
 

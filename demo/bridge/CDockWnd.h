@@ -2,6 +2,7 @@
 
 #include "demo/bridge/CPanelWnd.h"
 
+#include <functional>
 #include <optional>
 
 namespace demo
@@ -24,8 +25,8 @@ public:
     /** @param guest  not created yet; must outlive the dock's window */
     CDockWnd(const wchar_t* title, CVantWnd& guest, Session& session, Looks& looks, Tell tell);
 
-    /** Makes the dock's window and the guest's in it. @param style  more styles of the guest's window */
-    bool Open(CWnd& parent, DWORD style);
+    /** Makes the dock's window and the guest's in it. */
+    bool Open(CWnd& parent);
 
     CVantWnd& Guest() noexcept { return m_guest; }
 

@@ -78,7 +78,7 @@ void CPainter::Value(double x, double baseline, Align align, CFont& font, const 
                       : &font == &m_fonts.clock ? m_fonts.title
                                                 : m_fonts.value;
     const double textWidth = TextWidth(font, text);
-    const double gap = unit.empty() || degrees ? 0.0 : S(unitGap);
+    const double gap = unit.empty() || degrees ? 0.0 : Scaled(unitGap);
     const double unitWidth = unit.empty() ? 0.0 : gap + TextWidth(unitFont, unit);
     double left = x;
     if (align == Align::Right)
@@ -100,7 +100,7 @@ void CPainter::Labelled(double x, double baseline, Align align, std::wstring_vie
                         CFont& font, const Figure& figure)
 {
     const double rise = &font == &m_fonts.value ? 22.0 : 36.0;
-    Text(x, baseline - S(rise), align, m_fonts.small, nameColour, name);
+    Text(x, baseline - Scaled(rise), align, m_fonts.small, nameColour, name);
 
     Value(x, baseline, align, font, figure);
 }
@@ -138,20 +138,20 @@ Box CPainter::Panel(const Box& box, std::wstring_view title, std::wstring_view n
     Solid(box.Inset(1, 1), m_colours.panel);
 
     namespace skins = vant::skins;
-    const Box caption{box.left + 1, box.top + 1, box.right - 1, box.top + 1 + U(skins::grad2::category.h)};
+    const Box caption{box.left + 1, box.top + 1, box.right - 1, box.top + 1 + ToPx(skins::grad2::category.h)};
     Skin(caption, Vant::grad2, skins::grad2::category);
-    int right = caption.right - U(4);
+    int right = caption.right - ToPx(4);
     if (lamp) {
-        right -= U(skins::leds::lit.w);
-        Stamp(right, caption.CentreY() - U(skins::leds::lit.h) / 2, Vant::leds, skins::leds::lit,
+        right -= ToPx(skins::leds::lit.w);
+        Stamp(right, caption.CentreY() - ToPx(skins::leds::lit.h) / 2, Vant::leds, skins::leds::lit,
               static_cast<int>(*lamp));
     }
 
-    const int baseline = caption.bottom - U(8);
-    const int left = caption.left + U(12);
+    const int baseline = caption.bottom - ToPx(8);
+    const int left = caption.left + ToPx(12);
     Text(left, baseline, Align::Left, m_fonts.caption, m_colours.text, title);
-    const int noteLeft = right - U(8) - TextWidth(m_fonts.note, note);
-    if (noteLeft >= left + TextWidth(m_fonts.caption, title) + U(8)) // else it would stand on the title
+    const int noteLeft = right - ToPx(8) - TextWidth(m_fonts.note, note);
+    if (noteLeft >= left + TextWidth(m_fonts.caption, title) + ToPx(8)) // else it would stand on the title
         Text(noteLeft, baseline, Align::Left, m_fonts.note, m_colours.label, note);
     return {box.left + 1, caption.bottom, box.right - 1, box.bottom - 1};
 }

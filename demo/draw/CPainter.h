@@ -47,12 +47,12 @@ public:
     FontSet& Fonts() noexcept { return m_fonts; }
     const ColourSet& Colours() const noexcept { return m_colours; }
 
-    /** A length in the display's own pixels, scaled. */
-    double S(double pixels) const noexcept { return pixels * m_scale; }
-    int I(double pixels) const noexcept { return static_cast<int>(pixels * m_scale + 0.5); }
+    /** A length in the pixels that the instruments were drawn for, in those of the display. */
+    double Scaled(double pixels) const noexcept { return pixels * m_scale; }
+    int ScaledInt(double pixels) const noexcept { return static_cast<int>(pixels * m_scale + 0.5); }
 
     /** A length in layout units, in pixels. */
-    int U(int units) const noexcept { return m_dpi.ToPx(units); }
+    int ToPx(int units) const noexcept { return m_dpi.ToPx(units); }
 
     /** @name Pieces of the library's skins, see CPainterSkins.cpp
      *  @param cell  which of the pieces that stand side by side, from 0 @{ */

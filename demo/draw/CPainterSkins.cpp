@@ -45,8 +45,8 @@ void CPainter::Skin(const Box& box, CDC& skin, const vant::skins::Region& piece,
 void CPainter::Stamp(int x, int y, CDC& skin, const vant::skins::Region& piece, int cell)
 {
     m_dc.SetStretchBltMode(COLORONCOLOR);
-    m_dc.TransparentBlt(x, y, U(piece.w), U(piece.h), &skin, piece.left(cell), piece.y, piece.w, piece.h,
-                        Vant::back);
+    m_dc.TransparentBlt(x, y, ToPx(piece.w), ToPx(piece.h), &skin, piece.left(cell), piece.y, piece.w,
+                        piece.h, Vant::back);
 }
 
 } // namespace demo

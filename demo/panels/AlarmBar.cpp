@@ -38,31 +38,32 @@ void PaintAlarms(CPainter& painter, const Box& box, const Readout& readout)
             texts.push_back(AlarmText(readout, id));
 
     const bool isOn = !texts.empty();
-    const int lampLeft = box.left + painter.U(lampMargin);
-    const int textLeft = lampLeft + painter.U(skins::leds::lit.w + lampMargin / 2);
+    const int lampLeft = box.left + painter.ToPx(lampMargin);
+    const int textLeft = lampLeft + painter.ToPx(skins::leds::lit.w + lampMargin / 2);
     painter.Solid(box, colours.deep);
     if (isOn)
         painter.Solid({textLeft, box.top, box.right, box.bottom}, colours.alarm);
-    const int lampTop = box.CentreY() - painter.U(skins::leds::lit.h) / 2;
+    const int lampTop = box.CentreY() - painter.ToPx(skins::leds::lit.h) / 2;
     painter.Stamp(lampLeft, lampTop, Vant::leds, isOn ? skins::leds::lit : skins::leds::none,
                   isOn ? static_cast<int>(Lamp::Red) : 0);
 
-    const double baseline = box.CentreY() + painter.U(5);
-    const int gap = painter.U(textGap);
+    const double baseline = box.CentreY() + painter.ToPx(5);
+    const int gap = painter.ToPx(textGap);
     int x = textLeft + gap / 2;
     if (!isOn)
         painter.Text(x, baseline, Align::Left, painter.Fonts().note, colours.label, L"No alarm");
     for (const std::wstring& text : texts) {
         if (&text != &texts.front())
-            painter.Solid({x - gap / 2, box.top + painter.U(5), x - gap / 2 + 1, box.bottom - painter.U(5)},
-                          colours.text);
+            painter.Solid(
+                {x - gap / 2, box.top + painter.ToPx(5), x - gap / 2 + 1, box.bottom - painter.ToPx(5)},
+                colours.text);
         painter.Text(x, baseline, Align::Left, painter.Fonts().line, colours.text, text);
         x += painter.TextWidth(painter.Fonts().line, text) + gap;
     }
     const std::wstring summary =
         std::to_wstring(readout.alarms) + (readout.alarms == 1 ? L" alarm" : L" alarms") +
         L" since the start,  shallow below " + DepthText(readout.playback.Alarms().ShallowLimit());
-    painter.Text(box.right - painter.U(14), baseline, Align::Right, painter.Fonts().note,
+    painter.Text(box.right - painter.ToPx(14), baseline, Align::Right, painter.Fonts().note,
                  isOn ? colours.text : colours.label, summary);
 }
 

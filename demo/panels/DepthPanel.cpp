@@ -2,6 +2,7 @@
 #include "demo/detail/Text.h"
 #include "demo/panels/Panels.h"
 
+#include <algorithm>
 #include <cmath>
 #include <vector>
 
@@ -58,7 +59,7 @@ void PaintRun(CPainter& painter, const Box& graph, std::vector<Point>& run)
         const COLORREF accent = painter.Colours().accent;
         painter.FillFading(bed, InkOf(accent, 0.42), InkOf(accent, 0.06), graph.top, graph.bottom);
         Path line;
-        line.AddPolyline(run, painter.S(2.0));
+        line.AddPolyline(run, painter.Scaled(2.0));
         painter.Fill(line, InkOf(accent));
     }
     run.clear();
@@ -71,10 +72,10 @@ void PaintLimit(CPainter& painter, const Box& graph, const Scale& scale, double 
     if (shown <= scale.low || shown >= scale.high)
         return;
     const int y = static_cast<int>(std::lround(scale.Map(shown, graph.top, graph.bottom)));
-    const int dash = painter.I(8);
+    const int dash = painter.ScaledInt(8);
     for (int x = graph.left; x < graph.right; x += 2 * dash)
         painter.Solid({x, y, std::min(x + dash, graph.right), y + 1}, painter.Colours().port);
-    painter.Text(graph.left + painter.S(6), y - painter.S(4), Align::Left, painter.Fonts().small,
+    painter.Text(graph.left + painter.Scaled(6), y - painter.Scaled(4), Align::Left, painter.Fonts().small,
                  painter.Colours().port, L"limit");
 }
 
@@ -92,8 +93,8 @@ void PaintGraph(CPainter& painter, const Box& graph, const Readout& readout, con
         const int y = static_cast<int>(std::lround(scale.Map(tick, graph.top, graph.bottom)));
         if (tick > scale.low && tick < scale.high)
             painter.Solid({graph.left, y, graph.right, y + 1}, colours.grid);
-        painter.Text(graph.left - painter.S(7), y + painter.S(4), Align::Right, painter.Fonts().small,
-                     colours.label, FixedText(tick, scale.Decimals()));
+        painter.Text(graph.left - painter.Scaled(7), y + painter.Scaled(4), Align::Right,
+                     painter.Fonts().small, colours.label, FixedText(tick, scale.Decimals()));
     }
 
     constexpr int columns = 4;
@@ -103,7 +104,7 @@ void PaintGraph(CPainter& painter, const Box& graph, const Readout& readout, con
         if (inside)
             painter.Solid({x, graph.top, x + 1, graph.bottom}, colours.grid);
         const std::wstring text = i == 0 ? L"now" : L"\u2212" + DurationText(readout.depthSpan * i / columns);
-        painter.Text(x, graph.bottom + painter.S(15),
+        painter.Text(x, graph.bottom + painter.Scaled(15),
                      i == 0   ? Align::Right
                      : inside ? Align::Centre
                               : Align::Left,
@@ -133,12 +134,12 @@ void PaintDepth(CPainter& painter, const Box& box, const Readout& readout)
     const Playback& playback = readout.playback;
     const Box inside = painter.Panel(box, L"DEPTH", L"below the surface", playback.State(Sensor::Depth));
 
-    const double baseline = inside.top + painter.S(88);
-    painter.Value(inside.left + painter.S(16), baseline, Align::Left, painter.Fonts().huge,
+    const double baseline = inside.top + painter.Scaled(88);
+    painter.Value(inside.left + painter.Scaled(16), baseline, Align::Left, painter.Fonts().huge,
                   Show(readout, Quantity::DepthBelowSurface).WithUnit());
 
-    const double right = inside.right - painter.S(16);
-    painter.Labelled(right, inside.top + painter.S(40), Align::Right, L"below the transducer",
+    const double right = inside.right - painter.Scaled(16);
+    painter.Labelled(right, inside.top + painter.Scaled(40), Align::Right, L"below the transducer",
                      painter.Fonts().value, Show(readout, Quantity::DepthBelowTransducer).WithUnit());
     const Profile profile = ProfileOf(playback, readout.depthSpan);
     const std::wstring spread = ShownValues::LengthText(profile.shallowest, 1) + L" \u2013 " +
@@ -147,8 +148,8 @@ void PaintDepth(CPainter& painter, const Box& box, const Readout& readout)
         right, baseline, Align::Right, L"shallowest and deepest shown", painter.Fonts().value,
         {spread, UnitText(lengthUnit), IsMissing(profile.deepest) ? Freshness::None : Freshness::Live});
 
-    const Box graph{inside.left + painter.I(44), inside.top + painter.I(112), inside.right - painter.I(16),
-                    inside.bottom - painter.I(24)};
+    const Box graph{inside.left + painter.ScaledInt(44), inside.top + painter.ScaledInt(112),
+                    inside.right - painter.ScaledInt(16), inside.bottom - painter.ScaledInt(24)};
     PaintGraph(painter, graph, readout, profile);
 }
 

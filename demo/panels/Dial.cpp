@@ -3,6 +3,7 @@
 #include "demo/detail/Quantities.h"
 #include "demo/detail/Scale.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace demo
@@ -23,7 +24,7 @@ void PaintDialFace(CPainter& painter, const Dial& dial)
     disc.AddCircle(dial.centre, dial.radius);
     painter.Fill(disc, InkOf(colours.deep));
     Path ring;
-    ring.AddRing(dial.centre, dial.radius - painter.S(1.6), dial.radius);
+    ring.AddRing(dial.centre, dial.radius - painter.Scaled(1.6), dial.radius);
     painter.Fill(ring, InkOf(colours.rim));
 
     constexpr int step = 10;
@@ -32,9 +33,10 @@ void PaintDialFace(CPainter& painter, const Dial& dial)
     Path longTicks;
     for (int i = 0; i < 360; i += step) {
         const bool isLong = i % longStep == 0;
-        const double inner = 1.0 - painter.S(isLong ? 13.0 : 8.0) / dial.radius;
+        const double inner = 1.0 - painter.Scaled(isLong ? 13.0 : 8.0) / dial.radius;
         (isLong ? longTicks : ticks)
-            .AddLine(dial.At(i * degree, inner), dial.At(i * degree, 1.0), painter.S(isLong ? 2.0 : 1.2));
+            .AddLine(dial.At(i * degree, inner), dial.At(i * degree, 1.0),
+                     painter.Scaled(isLong ? 2.0 : 1.2));
     }
     painter.Fill(ticks, InkOf(colours.rim));
     painter.Fill(longTicks, InkOf(colours.label));
@@ -48,7 +50,7 @@ bool IsUnderPointer(double bearing, double pointer) noexcept
 
 void PaintPointer(CPainter& painter, const Dial& dial, double bearing, COLORREF colour)
 {
-    const double s = painter.S(1.0);
+    const double s = painter.Scaled(1.0);
     const double tip = -dial.radius + 3.0 * s;
     const Point shape[] = {{0, tip}, {9 * s, tip + 34 * s}, {0, tip + 27 * s}, {-9 * s, tip + 34 * s}};
     Path path;
@@ -59,7 +61,7 @@ void PaintPointer(CPainter& painter, const Dial& dial, double bearing, COLORREF 
 
 void PaintBug(CPainter& painter, const Dial& dial, double bearing, COLORREF colour)
 {
-    const double s = painter.S(1.0);
+    const double s = painter.Scaled(1.0);
     const double tip = -dial.radius - 1.0 * s;
     const Point shape[] = {{0, tip}, {6 * s, tip - 10 * s}, {-6 * s, tip - 10 * s}};
     Path path;

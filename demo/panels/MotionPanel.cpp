@@ -1,6 +1,8 @@
 #include "demo/detail/Quantities.h"
 #include "demo/panels/Panels.h"
 
+#include <algorithm>
+
 namespace demo
 {
 
@@ -31,14 +33,15 @@ void PaintMotion(CPainter& painter, const Box& box, const Readout& readout)
     for (int i = 0; i < 4; ++i) {
         const int left = inside.left + (i % 2) * halfWidth;
         const double middle = inside.top + (i / 2 + 0.5) * halfHeight;
-        const double x = left + painter.S(16);
-        painter.Text(x, middle - painter.S(30), Align::Left, painter.Fonts().small, painter.Colours().label,
-                     tiles[i].name);
-        painter.Value(x, middle + painter.S(12), Align::Left, painter.Fonts().big, tiles[i].shown.WithUnit());
-        painter.Text(x, middle + painter.S(38), Align::Left, painter.Fonts().label,
+        const double x = left + painter.Scaled(16);
+        painter.Text(x, middle - painter.Scaled(30), Align::Left, painter.Fonts().small,
+                     painter.Colours().label, tiles[i].name);
+        painter.Value(x, middle + painter.Scaled(12), Align::Left, painter.Fonts().big,
+                      tiles[i].shown.WithUnit());
+        painter.Text(x, middle + painter.Scaled(38), Align::Left, painter.Fonts().label,
                      painter.ValueColour(tiles[i].shown.state), tiles[i].further);
     }
-    const int margin = painter.I(16);
+    const int margin = painter.ScaledInt(16);
     const COLORREF line = painter.Colours().grid;
     painter.Solid(
         {inside.left + halfWidth, inside.top + margin, inside.left + halfWidth + 1, inside.bottom - margin},

@@ -43,10 +43,10 @@ void PaintPosition(CPainter& painter, const Box& box, const Readout& readout)
     const Freshness state = playback.State(Sensor::Position);
     const Box inside = painter.Panel(box, L"POSITION", L"WGS 84", state);
     const bool known = state != Freshness::None;
-    const double left = inside.left + painter.S(16);
-    const double right = inside.right - painter.S(16);
-    const double row = (inside.Height() - painter.S(footHeight)) / 2.0;
-    const double drop = painter.S(13); // of the base line below the middle of a row
+    const double left = inside.left + painter.Scaled(16);
+    const double right = inside.right - painter.Scaled(16);
+    const double row = (inside.Height() - painter.Scaled(footHeight)) / 2.0;
+    const double drop = painter.Scaled(13); // of the base line below the middle of a row
 
     const struct {
         std::wstring_view name;
@@ -56,7 +56,7 @@ void PaintPosition(CPainter& painter, const Box& box, const Readout& readout)
         {L"longitude", LongitudeText(known ? playback.Value(Quantity::Longitude) : missing)},
     };
     const bool named = std::ranges::all_of(rows, [&](const auto& r) { // else the figures need the place
-        return painter.TextWidth(painter.Fonts().small, r.name) + painter.S(8) +
+        return painter.TextWidth(painter.Fonts().small, r.name) + painter.Scaled(8) +
                    painter.TextWidth(painter.Fonts().big, r.text) <=
                right - left;
     });
@@ -69,10 +69,10 @@ void PaintPosition(CPainter& painter, const Box& box, const Readout& readout)
         middle += row;
     }
 
-    const int line = static_cast<int>(inside.bottom - painter.S(footHeight));
-    painter.Solid({inside.left + painter.I(16), line, inside.right - painter.I(16), line + 1},
+    const int line = static_cast<int>(inside.bottom - painter.Scaled(footHeight));
+    painter.Solid({inside.left + painter.ScaledInt(16), line, inside.right - painter.ScaledInt(16), line + 1},
                   painter.Colours().grid);
-    const double baseline = inside.bottom - painter.S(16);
+    const double baseline = inside.bottom - painter.Scaled(16);
     const Freshness fixState = playback.State(Quantity::FixQuality);
     const double quality = fixState == Freshness::None ? missing : playback.Value(Quantity::FixQuality);
     painter.Labelled(left, baseline, Align::Left, L"fix", painter.Fonts().value,

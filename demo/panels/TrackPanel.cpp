@@ -41,7 +41,7 @@ Path TrackPath(const History<TrackPoint>& track, std::size_t first, const TrackM
 
 void PaintBoat(CPainter& painter, Point at, double bearing, Freshness state)
 {
-    const double s = painter.S(1.0);
+    const double s = painter.Scaled(1.0);
     const Point hull[] = {{0, -15 * s},       {5 * s, -6 * s}, {6 * s, 3 * s},  {4.5 * s, 10 * s},
                           {-4.5 * s, 10 * s}, {-6 * s, 3 * s}, {-5 * s, -6 * s}};
     Path halo;
@@ -63,26 +63,26 @@ void PaintFootprint(CPainter& painter, const Playback& playback, Point boat, dou
     const double depth = playback.Value(Quantity::DepthBelowTransducer);
     const double down = mounting.DepthPart();
     const double aside = down > 0.0 ? depth * mounting.SidePart() / down * pixelsPerMetre : 0.0;
-    if (aside < painter.S(leastFootprint))
+    if (aside < painter.Scaled(leastFootprint))
         return;
     const Point at = AtBearing(boat, aside, bearing + mounting.bearing);
     Path mark;
-    mark.AddLine(boat, at, painter.S(1.2));
-    mark.AddRing(at, painter.S(2.6), painter.S(4.6));
+    mark.AddLine(boat, at, painter.Scaled(1.2));
+    mark.AddRing(at, painter.Scaled(2.6), painter.Scaled(4.6));
     painter.Fill(mark, InkOf(painter.Colours().label, 0.9));
 }
 
 void PaintScaleBar(CPainter& painter, const Box& area, const TrackMap& map)
 {
     const ColourSet& colours = painter.Colours();
-    const int left = area.left + painter.I(14);
+    const int left = area.left + painter.ScaledInt(14);
     const int right = left + static_cast<int>(std::lround(map.GridPixels()));
-    const int y = area.bottom - painter.I(14);
+    const int y = area.bottom - painter.ScaledInt(14);
     painter.Solid({left, y, right, y + 2}, colours.label);
-    painter.Solid({left, y - painter.I(5), left + 2, y + 2}, colours.label);
-    painter.Solid({right - 2, y - painter.I(5), right, y + 2}, colours.label);
-    painter.Text((left + right) / 2.0, y - painter.S(6), Align::Centre, painter.Fonts().small, colours.label,
-                 ShownValues::LengthText(map.GridMetres(), 0) + L" " + UnitText(lengthUnit));
+    painter.Solid({left, y - painter.ScaledInt(5), left + 2, y + 2}, colours.label);
+    painter.Solid({right - 2, y - painter.ScaledInt(5), right, y + 2}, colours.label);
+    painter.Text((left + right) / 2.0, y - painter.Scaled(6), Align::Centre, painter.Fonts().small,
+                 colours.label, ShownValues::LengthText(map.GridMetres(), 0) + L" " + UnitText(lengthUnit));
 }
 
 /** How far the boat is beside the planned route. */
@@ -92,13 +92,14 @@ void PaintCrossTrack(CPainter& painter, const Box& area, const Readout& readout)
         return;
     const std::wstring text = ShownValues::LengthText(std::abs(readout.crossTrack), 1);
     const std::wstring unit = UnitText(lengthUnit) + (readout.crossTrack < 0.0 ? L" port" : L" stbd");
-    painter.Labelled(area.right - painter.S(14), area.bottom - painter.S(14), Align::Right, L"off the route",
-                     painter.Fonts().value, {text, unit, readout.playback.State(Sensor::Position)});
+    painter.Labelled(area.right - painter.Scaled(14), area.bottom - painter.Scaled(14), Align::Right,
+                     L"off the route", painter.Fonts().value,
+                     {text, unit, readout.playback.State(Sensor::Position)});
 }
 
 void PaintNorth(CPainter& painter, const Box& area)
 {
-    const double s = painter.S(1.0);
+    const double s = painter.Scaled(1.0);
     const Point at{area.right - 20 * s, area.top + 34 * s};
     const Point arrow[] = {{0, -12 * s}, {5 * s, 4 * s}, {0, 1 * s}, {-5 * s, 4 * s}};
     Path path;
@@ -115,7 +116,7 @@ void PaintTrack(CPainter& painter, const Box& box, const Readout& readout)
     const Playback& playback = readout.playback;
     const Freshness state = playback.State(Sensor::Position);
     const Box inside = painter.Panel(box, L"TRACK", L"north up", state);
-    const Box area = inside.Inset(painter.I(8), painter.I(8));
+    const Box area = inside.Inset(painter.ScaledInt(8), painter.ScaledInt(8));
     painter.Solid(area, painter.Colours().deep);
 
     const History<TrackPoint>& track = playback.Track();
@@ -129,9 +130,9 @@ void PaintTrack(CPainter& painter, const Box& box, const Readout& readout)
     PaintGrid(painter, area, map);
     painter.SetClip(area);
     const COLORREF accent = painter.Colours().accent;
-    painter.Fill(TrackPath(track, 0, map, painter.S(2.0)), InkOf(accent, 0.55));
+    painter.Fill(TrackPath(track, 0, map, painter.Scaled(2.0)), InkOf(accent, 0.55));
     const std::size_t bright = track.Size() > brightPoints ? track.Size() - brightPoints : 0;
-    painter.Fill(TrackPath(track, bright, map, painter.S(2.4)), InkOf(accent));
+    painter.Fill(TrackPath(track, bright, map, painter.Scaled(2.4)), InkOf(accent));
 
     const TrackPoint& last = track.Last();
     const bool headingKnown = playback.State(Quantity::Heading) != Freshness::None;

@@ -1,5 +1,4 @@
 #include "demo/detail/Quantities.h"
-#include "demo/detail/Scale.h"
 #include "demo/panels/Dial.h"
 #include "demo/panels/Panels.h"
 
@@ -25,7 +24,7 @@ void PaintBoatShape(CPainter& painter, const Dial& dial)
 
 void PaintSectors(CPainter& painter, const Dial& dial)
 {
-    const double inner = dial.radius - painter.S(6.0);
+    const double inner = dial.radius - painter.Scaled(6.0);
     Path port;
     port.AddArc(dial.centre, inner, dial.radius, -sectorTo, -sectorFrom);
     painter.Fill(port, InkOf(painter.Colours().port, 0.85));
@@ -36,13 +35,13 @@ void PaintSectors(CPainter& painter, const Dial& dial)
 
 void PaintAngles(CPainter& painter, const Dial& dial, double pointer)
 {
-    const double part = 1.0 - painter.S(26.0) / dial.radius;
+    const double part = 1.0 - painter.Scaled(26.0) / dial.radius;
     for (const int angle : {30, 60, 90, 120, 150})
         for (const int side : {-1, 1}) {
             if (IsUnderPointer(side * angle * degree, pointer))
                 continue;
             const Point at = dial.At(side * angle * degree, part);
-            painter.Text(at.x, at.y + painter.S(4.5), Align::Centre, painter.Fonts().small,
+            painter.Text(at.x, at.y + painter.Scaled(4.5), Align::Centre, painter.Fonts().small,
                          painter.Colours().label, std::to_wstring(angle));
         }
 }
@@ -56,8 +55,8 @@ void PaintWind(CPainter& painter, const Box& box, const Readout& readout)
     const Freshness state = playback.State(Sensor::Wind);
     const Box inside = painter.Panel(box, L"WIND", L"apparent, from the bow", state);
 
-    Dial dial = Dial::In(inside, painter.S(24.0));
-    dial.centre.y -= painter.S(6.0);
+    Dial dial = Dial::In(inside, painter.Scaled(24.0));
+    dial.centre.y -= painter.Scaled(6.0);
     PaintDialFace(painter, dial);
     PaintBoatShape(painter, dial);
     PaintSectors(painter, dial);
@@ -72,19 +71,19 @@ void PaintWind(CPainter& painter, const Box& box, const Readout& readout)
     if (!IsMissing(angle))
         PaintPointer(painter, dial, angle, painter.ValueColour(angleState));
 
-    painter.Value(dial.centre.x, dial.centre.y + painter.S(17), Align::Centre, painter.Fonts().dial,
+    painter.Value(dial.centre.x, dial.centre.y + painter.Scaled(17), Align::Centre, painter.Fonts().dial,
                   Show(readout, Quantity::ApparentWindSpeed).Bare());
-    painter.Text(dial.centre.x, dial.centre.y + painter.S(38), Align::Centre, painter.Fonts().small,
+    painter.Text(dial.centre.x, dial.centre.y + painter.Scaled(38), Align::Centre, painter.Fonts().small,
                  colours.label, readout.values.Unit(Quantity::ApparentWindSpeed));
-    painter.Text(dial.centre.x, dial.centre.y + painter.S(62), Align::Centre, painter.Fonts().label,
+    painter.Text(dial.centre.x, dial.centre.y + painter.Scaled(62), Align::Centre, painter.Fonts().label,
                  painter.ValueColour(playback.State(Quantity::ApparentWindSpeed)),
                  readout.values.KnotsText(Quantity::ApparentWindSpeed));
 
-    const double baseline = inside.bottom - painter.S(12);
+    const double baseline = inside.bottom - painter.Scaled(12);
     const Shown shownAngle = ShowFromBow(playback, Quantity::ApparentWindAngle);
-    painter.Labelled(inside.left + painter.S(14), baseline, Align::Left, L"apparent", painter.Fonts().value,
-                     shownAngle.WithUnit());
-    painter.Labelled(inside.right - painter.S(14), baseline, Align::Right, L"true", colours.accent,
+    painter.Labelled(inside.left + painter.Scaled(14), baseline, Align::Left, L"apparent",
+                     painter.Fonts().value, shownAngle.WithUnit());
+    painter.Labelled(inside.right - painter.Scaled(14), baseline, Align::Right, L"true", colours.accent,
                      painter.Fonts().value, Show(readout, Quantity::TrueWindSpeed).WithUnit());
 }
 

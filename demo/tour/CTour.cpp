@@ -6,7 +6,7 @@
 #include "demo/screen/ScreenPicture.h"
 #include "demo/screen/ScreenPlace.h"
 
-#include <iterator>
+#include <algorithm>
 
 namespace demo
 {

@@ -4,8 +4,8 @@
 #include "demo/views/PlainVideo.h"
 #include "platform/Vant.h"
 
+#include <algorithm>
 #include <cmath>
-#include <numbers>
 
 namespace demo
 {
