@@ -37,7 +37,6 @@ public:
 
     /** Sets how many seconds without a position begin the alarm. */
     void SetLongestSearch(double seconds) noexcept { m_longestSearch = seconds; }
-    double LongestSearch() const noexcept { return m_longestSearch; }
 
     /** Takes a sounding in metres. A missing one tells nothing: an alarm stays as it is. */
     void Sound(double time, double depth);

@@ -13,6 +13,7 @@ namespace
 
 constexpr float leastWeight = 0.02F; // below it a mean would hang on one far sounding
 constexpr float sureWeight = 8.0F;
+constexpr double farthest = 1.0e6; // metres from the plane's origin: beyond, nothing was sounded
 
 int TileIndex(int cell) noexcept
 {
@@ -48,7 +49,7 @@ SeaBed::Sums* SeaBed::TileOf(int column, int row)
 
 void SeaBed::Add(const GroundPoint& place, double depth)
 {
-    if (IsMissing(depth) || !std::isfinite(depth) || !(std::hypot(place.east, place.north) < 1.0e6))
+    if (IsMissing(depth) || !std::isfinite(depth) || !(std::hypot(place.east, place.north) < farthest))
         return;
     m_shallowest = IsEmpty() ? depth : std::min(m_shallowest, depth);
     m_deepest = IsEmpty() ? depth : std::max(m_deepest, depth);

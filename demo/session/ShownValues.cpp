@@ -10,9 +10,6 @@ namespace demo
 namespace
 {
 
-constexpr int metric = 0;
-constexpr int customary = 1;
-
 struct Format {
     Quantity quantity;
     UnitKind kind;
@@ -115,12 +112,6 @@ double LengthUnitMetres() noexcept
     double unit = 1.0;
     EUnits::D2N(lengthUnit, unit);
     return unit;
-}
-
-int SwitchUnits() noexcept
-{
-    EUnits::system = EUnits::system == metric ? customary : metric;
-    return EUnits::system;
 }
 
 } // namespace demo

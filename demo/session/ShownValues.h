@@ -57,7 +57,4 @@ double DisplayLength(double metres) noexcept;
 /** How many metres the unit of length of the system that is on has. */
 double LengthUnitMetres() noexcept;
 
-/** Changes from metric to United States customary units and back. @return the system that is on now */
-int SwitchUnits() noexcept;
-
 } // namespace demo

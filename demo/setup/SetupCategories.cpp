@@ -24,7 +24,7 @@ constexpr int lineHeight = 25;
 
 constexpr double degreesPerRadian = 1.0 / degree;
 constexpr double fullTurn = 360.0; // degrees
-constexpr double upright = 90.0;
+constexpr double straightDown = Mounting::upright * degreesPerRadian;
 
 } // namespace
 
@@ -193,7 +193,7 @@ void CSetupWnd::AddMounting()
     const int middle = top + dialSize / 2 - lineHeight / 2;
     edit(middle - lineHeight, L"Bearing", mounting.bearing, fullTurn,
          L"Bearing of the beam, clockwise from the bow.");
-    edit(middle, L"Slope", mounting.slope, upright,
+    edit(middle, L"Slope", mounting.slope, straightDown,
          L"Slope of the beam below the horizontal; 90 is straight down.");
     category.SetPos(beside, middle + lineHeight);
     category.InsCtrl(rowWidth - (beside - left), CECtrl::typeText, m_mountingText);

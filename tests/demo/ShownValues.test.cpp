@@ -7,7 +7,6 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
 #include <initializer_list>
 
 using namespace demo;
@@ -61,7 +60,7 @@ TEST_F(ShownValuesTest, FollowTheUnitSystem)
                          {Quantity::WaterTemperature, L"14.3", L"\u00B0C"},
                          {Quantity::TurnRate, L"0", L"\u00B0/min"}}); // no negative zero
 
-    EXPECT_EQ(1, SwitchUnits());
+    EUnits::system = 1;
     ExpectShown(values, {{Quantity::DepthBelowSurface, L"42.7", L"ft"},
                          {Quantity::SpeedOverGround, L"16.9", L"ft/s"},
                          {Quantity::WaterTemperature, L"57.7", L"\u00B0F"},
@@ -70,7 +69,7 @@ TEST_F(ShownValuesTest, FollowTheUnitSystem)
     EXPECT_EQ(L"32.8", ShownValues::LengthText(10.0, 1));
     EXPECT_NEAR(10.0, DisplayLength(10.0 * LengthUnitMetres()), 1e-4);
 
-    EXPECT_EQ(0, SwitchUnits());
+    EUnits::system = 0;
     EXPECT_EQ(L"10.0", ShownValues::LengthText(10.0, 1));
     EXPECT_EQ(10.0, DisplayLength(10.0));
 }
