@@ -10,6 +10,7 @@
 #include "windows/CCslComms.h"
 
 #include <filesystem>
+#include <initializer_list>
 #include <iterator>
 #include <optional>
 #include <utility>

@@ -1,5 +1,6 @@
 #include "demo/detail/Canvas.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstddef>
 

@@ -1,5 +1,6 @@
 #include "demo/detail/Glide.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace demo

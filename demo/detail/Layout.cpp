@@ -1,5 +1,6 @@
 #include "demo/detail/Layout.h"
 
+#include <algorithm>
 #include <span>
 
 namespace demo

@@ -2,6 +2,7 @@
 
 #include "demo/detail/Quantities.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace demo

@@ -1,5 +1,6 @@
 #include "demo/detail/Shot.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace demo

@@ -2,6 +2,8 @@
 
 #include "demo/detail/Geometry.h"
 
+#include <algorithm>
+
 namespace demo
 {
 

@@ -1,5 +1,6 @@
 #include "demo/detail/WindowPlace.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <limits>
 

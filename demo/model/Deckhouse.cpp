@@ -3,8 +3,6 @@
 
 #include "tests/display/MeshParts.h"
 
-#include <cmath>
-
 namespace demo::model
 {
 namespace

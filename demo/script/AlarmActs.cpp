@@ -4,6 +4,8 @@
 #include "windows/CCslAlm.h"
 #include "windows/CEMsgBox.h"
 
+#include <iterator>
+
 namespace demo
 {
 namespace

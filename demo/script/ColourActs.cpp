@@ -2,6 +2,8 @@
 #include "demo/script/Acts.h"
 #include "demo/script/Find.h"
 
+#include <iterator>
+
 namespace demo
 {
 namespace

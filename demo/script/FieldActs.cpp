@@ -5,6 +5,8 @@
 #include "platform/Vant.h"
 #include "windows/CCslAlm.h"
 
+#include <iterator>
+
 namespace demo
 {
 namespace

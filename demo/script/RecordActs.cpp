@@ -1,9 +1,9 @@
 #include "demo/script/Acts.h"
-#include "demo/script/Find.h"
 #include "platform/Vant.h"
 #include "windows/CConsole.h"
 
 #include <cmath>
+#include <iterator>
 
 namespace demo
 {

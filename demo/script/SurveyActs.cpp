@@ -5,6 +5,7 @@
 #include "demo/script/Find.h"
 
 #include <cmath>
+#include <iterator>
 
 namespace demo
 {

@@ -3,7 +3,6 @@
 #include "demo/run/SentenceFeed.h"
 #include "demo/session/AlarmTexts.h"
 #include "platform/Vant.h"
-#include "support/LogRecorder.h"
 #include "values/EUnits.h"
 #include "windows/CCslAlm.h"
 #include "windows/CCslComms.h"
