@@ -13,9 +13,10 @@ namespace demo
 namespace
 {
 
-constexpr double turnTime = 1.2; // seconds in which the picture goes to another part of the screen
-constexpr int closest = 800;     // pixels of the screen in the width of the film
-constexpr int margin = 12;       // pixels around what is to be seen
+constexpr double turnTime = 1.2;  // seconds in which the picture goes to another part of the screen
+constexpr int closest = 800;      // pixels of the screen in the width of the film
+constexpr int margin = 12;        // pixels around what is to be seen
+constexpr double patience = 20.0; // seconds that a slow machine's hand may take beyond the film
 
 } // namespace
 
@@ -35,7 +36,7 @@ bool CTour::Step(double t)
         Begin(t);
     const double now = t - m_start;
     Film(now); // what was painted since the last step is complete now, whatever the cues change
-    if (now >= tourLength) {
+    if (now >= tourLength + (m_promises.empty() ? 0.0 : patience)) {
         End();
         return true;
     }

@@ -120,15 +120,15 @@ const TourCue cues[] = {
      [](const Stage& s) { return !s.chart.IsFollowing() && FromBoat(s, s.chart) > 10.0; }},
     {32.3, nullptr,
      [](Stage& s, CTourHand& hand) {
-         s.chart.mouseMode = CDsp::mousePick;
+         hand.Key('S');
          hand.Click(s.chart, [&s] { return BoatIn(s, s.chart); });
      },
      L"a click on the boat tells its name, course and speed",
      [](const Stage& s) { return IsBoatPicked(s.chart); }},
     {34.4, nullptr,
-     [](Stage& s, CTourHand& hand) {
-         s.chart.mouseMode = CDsp::mousePan;
-         s.chart.FollowBoat(true);
+     [](Stage&, CTourHand& hand) {
+         hand.Key('P');
+         hand.Key('F');
          hand.Turn(-3);
      },
      nullptr, nullptr, L"tour-2-chart.png"},
