@@ -36,7 +36,8 @@ bool CTour::Step(double t)
         Begin(t);
     const double now = t - m_start;
     Film(now); // what was painted since the last step is complete now, whatever the cues change
-    if (now >= tourLength + (m_promises.empty() ? 0.0 : patience)) {
+    const bool isPlayed = m_next == TourCues().size() && m_promises.empty();
+    if (now >= tourLength + (isPlayed ? 0.0 : patience)) {
         End();
         return true;
     }
@@ -82,6 +83,8 @@ void CTour::PlayCues(double t)
 {
     for (; m_next < TourCues().size() && TourCues()[m_next].at <= t; ++m_next) {
         const TourCue& cue = TourCues()[m_next];
+        if (cue.begin && m_hand.IsBusy())
+            return; // a slow machine's hand does one thing after the other, too
         if (cue.picture)
             TakePicture(cue.picture);
         if (cue.shows) {
@@ -120,6 +123,9 @@ void CTour::End()
     m_film.Close();
     CVantWnd::s_inhibitFocus = 0;
     CheckPromises();
+    for (; m_next < TourCues().size(); ++m_next)
+        if (TourCues()[m_next].promise)
+            m_promises.push_back(&TourCues()[m_next]);
     for (const TourCue* const cue : m_promises)
         Report(std::wstring(cue->promise) + L" ... FAILED");
     if (m_filming)

@@ -41,6 +41,8 @@ public:
 
     /** Goes on. @param t  seconds */
     void Step(double t);
+    /** Whether there is something left to do. */
+    bool IsBusy() const noexcept { return !m_queue.empty(); }
 
     /** Puts it somewhere on the screen at once. */
     void Put(Point screen) noexcept { m_at = screen; }
