@@ -5,6 +5,7 @@
 #include "colour/ColourTest.h"
 #include "controls/ControlsTest.h"
 #include "controls/RecordingWnd.h"
+#include "support/TempDir.h"
 
 #include <filesystem>
 #include <fstream>
@@ -279,17 +280,17 @@ TEST_F(PalWndTest, BrowsingLoadsTheChosenFile)
     pal.SetOption(L"Load", L"Two");
     pal.Scroll(1);
     listener.events.clear();
-    const auto file = std::filesystem::temp_directory_path() / L"vant-browse.clt";
-    std::ofstream(file) << "COLOURTABLE 2 \"Browsed\"\n0 0 160\n255 255 255\n";
-    EXPECT_TRUE(Browse(pal, file.wstring(), IDCANCEL));
+    const vant::test::TempDir dir;
+    const std::wstring file = dir.Path(L"browsed.clt").GetString();
+    std::ofstream(std::filesystem::path(file)) << "COLOURTABLE 2 \"Browsed\"\n0 0 160\n255 255 255\n";
+    EXPECT_TRUE(Browse(pal, file, IDCANCEL));
     EXPECT_EQ(Text(pal.master.name), L"Two");
     EXPECT_TRUE(listener.events.empty());
-    EXPECT_TRUE(Browse(pal, file.wstring(), IDOK));
+    EXPECT_TRUE(Browse(pal, file, IDOK));
     EXPECT_EQ(Text(pal.master.name), L"Browsed");
     EXPECT_EQ(pal.master.source, nullptr);
     EXPECT_EQ(Entries(pal.working), (std::vector<CRgb>{white, blue}));
     EXPECT_EQ(listener.events.size(), 1u);
-    std::filesystem::remove(file);
 }
 
 TEST_F(PalWndTest, PalettesAreChosenByTheirWindowsNames)

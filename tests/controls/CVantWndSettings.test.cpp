@@ -3,8 +3,7 @@
 #include "controls/WndTest.h"
 #include "settings/CESet.h"
 #include "support/EveryType.h"
-
-#include <filesystem>
+#include "support/TempDir.h"
 
 namespace
 {
@@ -177,7 +176,8 @@ struct FormVars {
 
 TEST_F(CVantWndSettings, KeepsTheValuesOfNamedControls)
 {
-    const std::wstring file = (std::filesystem::temp_directory_path() / L"vant-form.xml").wstring();
+    const vant::test::TempDir dir;
+    const CString file = dir.Path(L"form.xml");
     FormVars saved;
     saved.of = {nullptr, L"Ann",      '"',  -32768, -1,           255,
                 65535,   4294967295u, 0.5f, 1e-7,   4000000000ul, -(std::int64_t{1} << 62)};
@@ -188,15 +188,14 @@ TEST_F(CVantWndSettings, KeepsTheValuesOfNamedControls)
         saved.Bind(wnd);
         CESet set(1);
         CVantWnd::SaveSet(set);
-        ASSERT_TRUE(set.Save(file.c_str()));
+        ASSERT_TRUE(set.Save(file));
     }
     FormVars loaded;
     OptionWnd wnd(L"Form");
     loaded.Bind(wnd);
     wnd.CreatePopup();
     CESet set(0);
-    ASSERT_TRUE(set.Load(file.c_str()));
-    std::filesystem::remove(file);
+    ASSERT_TRUE(set.Load(file));
     CVantWnd::LoadSet(set);
     EXPECT_EQ(loaded.of.text, L"Ann");
     EXPECT_EQ(loaded.of.c, '"') << "a number, whatever character it is";

@@ -1,6 +1,7 @@
 // Presses of the mouse in the midst of which a callback or the end of the window comes.
 #include "controls/CECb.h"
 #include "controls/CEChart.h"
+#include "controls/CECheck.h"
 #include "controls/CEEdit.h"
 #include "controls/CEGrid.h"
 #include "controls/CEList.h"
@@ -117,4 +118,12 @@ TEST_F(PressFocusTest, AWindowThatIsMadeAnewHoldsNothing)
     DrawTo(chart, canvas);
     again(chart);
     EXPECT_TRUE(chart.IsLive());
+
+    int checked = 0;
+    CECheck box;
+    box.Init(checked);
+    again(box);
+    Send(box, WM_LBUTTONUP, 0, 30, 10);
+    EXPECT_EQ(checked, 0) << "not clicked";
+    EXPECT_EQ(box.look & CECtrl::lookPressed, 0);
 }

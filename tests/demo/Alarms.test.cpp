@@ -9,6 +9,7 @@
 
 #include "Files.h"
 #include "Lines.h"
+#include "support/TempDir.h"
 
 #include <gmock/gmock.h>
 
@@ -190,10 +191,8 @@ TEST(Playback, ARewindEndsAlarmsAndKeepsTheLimit)
 
 TEST(Alarms, ReachTheConsoleAndItsLog)
 {
-    const fs::path dir =
-        fs::temp_directory_path() / ("vantalarms-" + std::to_string(::GetCurrentProcessId()));
-    fs::create_directories(dir);
-    Vant::dataDir = (dir.wstring() + L"\\").c_str();
+    const vant::test::TempDir dir;
+    Vant::dataDir = dir.Path(L"");
     Vant::alarm.SetupCsl(2);
     Vant::alarm.logTo = 1;
     EUnits::system = 0;
@@ -210,11 +209,10 @@ TEST(Alarms, ReachTheConsoleAndItsLog)
     ASSERT_TRUE(Vant::alarm.GetEntry(3002, entry));
     EXPECT_LT(entry.state, 0) << "an end is silent";
     EXPECT_THAT(static_cast<LPCWSTR>(entry.text), testing::HasSubstr(L"Position back after 9.0 s"));
-    const std::string text = Contents(dir / "Logs" / "Alarms.csv");
+    const std::string text = Contents(dir.Path(L"Logs\\Alarms.csv").GetString());
     for (const char* line : {"Shallow water: 13.2m, limit 14.0m", "No position for 5 s", "49ft 3in"})
         EXPECT_THAT(text, testing::HasSubstr(line));
     EXPECT_EQ(4, std::count(text.begin(), text.end(), '\n'));
-    fs::remove_all(dir);
 }
 
 TEST(Alarms, EverySentenceIsFedOnceAndDamagedOnesAreMarked)

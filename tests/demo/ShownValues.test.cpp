@@ -2,6 +2,7 @@
 
 #include "Lines.h"
 #include "demo/session/DemoSettings.h"
+#include "support/TempDir.h"
 #include "values/EUnits.h"
 
 #include <gtest/gtest.h>
@@ -96,8 +97,8 @@ TEST_F(ShownValuesTest, MissingValuesAreDashesInEitherSystem)
 
 TEST(DemoSettings, AreKeptAndCheckedWhenTheyAreRead)
 {
-    const std::filesystem::path file = std::filesystem::temp_directory_path() /
-                                       ("vantset-" + std::to_string(::GetCurrentProcessId()) + ".xml");
+    const vant::test::TempDir dir;
+    const std::filesystem::path file = dir.Path(L"settings.xml").GetString();
     DemoSettings saved;
     saved.units = 1;
     saved.shallowLimit = 7.25;
@@ -129,6 +130,5 @@ TEST(DemoSettings, AreKeptAndCheckedWhenTheyAreRead)
         EXPECT_EQ(usual.lostFix, read.lostFix);
         EXPECT_EQ(usual.port, read.port);
     }
-    std::filesystem::remove(file);
     EXPECT_STREQ(L"Sonar 2", PlainName(L" \"Sonar\"% 2 "));
 }

@@ -2,6 +2,7 @@
 
 #include "Files.h"
 #include "Lines.h"
+#include "support/TempDir.h"
 
 #include <gmock/gmock.h>
 
@@ -75,8 +76,8 @@ TEST(Tape, PassesMidnightAndOddClocks)
 
 TEST(Tape, ReadsAFileAsFarAsItIsPlayed)
 {
-    const fs::path file =
-        fs::temp_directory_path() / ("vanttape-" + std::to_string(::GetCurrentProcessId()) + ".nmea");
+    const vant::test::TempDir dir;
+    const fs::path file = dir.Path(L"log.nmea").GetString();
     const std::string log(3'000'000, 'x');
     std::ofstream(file, std::ios::binary) << log;
     EXPECT_TRUE(Tape::BytesOf(file) == log);
