@@ -39,6 +39,7 @@ namespace
 constexpr wchar_t escapeChr = 27;
 constexpr wchar_t enterChr = 13;
 constexpr wchar_t firstPrintable = 32;
+constexpr wchar_t ctrlBackspace = 127;
 
 constexpr int alarmIncorrect = 40;
 
@@ -207,6 +208,8 @@ void CEEdit::OnChar(UINT character, UINT repeat, UINT flags)
         FocusLinked(nextEdit);
         return;
     }
+    if (character == ctrlBackspace)
+        return; // the system's edit window would put it into the text
     if (character >= firstPrintable && !IsText() && !Accepts(static_cast<wchar_t>(character)))
         return;
     CECtrl::OnChar(character, repeat, flags);
