@@ -19,6 +19,7 @@
 #include <set>
 #include <sstream>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace fs = std::filesystem;
@@ -168,17 +169,25 @@ bool ComesTrue(Condition condition)
     return condition();
 }
 
-/** What a window shows, as the colours of some of its pixels. */
+/** What a window shows, as the colours of some of its pixels: those of one moment, so they are copied first.
+ */
 std::vector<COLORREF> Shown(HWND wnd)
 {
-    std::vector<COLORREF> colours;
     CRect client;
     ::GetClientRect(wnd, client);
     const HDC dc = ::GetDC(wnd);
+    const HDC copy = ::CreateCompatibleDC(dc);
+    const HBITMAP bitmap = ::CreateCompatibleBitmap(dc, client.Width(), client.Height());
+    const HGDIOBJ before = ::SelectObject(copy, bitmap);
+    ::BitBlt(copy, 0, 0, client.Width(), client.Height(), dc, 0, 0, SRCCOPY);
+    std::vector<COLORREF> colours;
     constexpr int apart = 20; // pixels
     for (int y = 0; y < client.Height(); y += apart)
         for (int x = 0; x < client.Width(); x += apart)
-            colours.push_back(::GetPixel(dc, x, y));
+            colours.push_back(::GetPixel(copy, x, y));
+    ::SelectObject(copy, before);
+    ::DeleteObject(bitmap);
+    ::DeleteDC(copy);
     ::ReleaseDC(wnd, dc);
     return colours;
 }
@@ -306,9 +315,9 @@ TEST_F(Examples, ModelIsPaintedWithPresetsByAKey)
     Start(L"model", L"");
     const HWND wnd = Window();
     std::vector<COLORREF> own;
-    ASSERT_TRUE(ComesTrue([&] { // the model is drawn, and not only what is behind it
-        own = Shown(wnd);
-        return std::set(own.begin(), own.end()).size() > 5;
+    ASSERT_TRUE(ComesTrue([&] { // the model is drawn, not only what is behind it, and nothing more comes
+        const std::vector<COLORREF> before = std::exchange(own, Shown(wnd));
+        return before == own && std::set(own.begin(), own.end()).size() > 5;
     }));
     ::PostMessageW(wnd, WM_KEYDOWN, 'M', 1);
     EXPECT_TRUE(ComesTrue([&] { return Shown(wnd) != own; }));
