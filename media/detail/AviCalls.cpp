@@ -23,9 +23,10 @@ HMODULE Library()
     return library;
 }
 
-/** An exported function; null if it is missing. */
+/** An exported function; null if it is missing. Only its type is taken from the headers: a reference to the
+ * function itself would need the import library, as long as no optimisation removes it. */
 template <class Function>
-Function* Find(Function*, LPCSTR name)
+Function* Find(LPCSTR name)
 {
     const FARPROC found = Library() ? ::GetProcAddress(Library(), name) : nullptr;
     return reinterpret_cast<Function*>(reinterpret_cast<void*>(found));
@@ -40,27 +41,27 @@ HRESULT Call(Function* function, Arguments... arguments)
 
 void InitLibrary()
 {
-    static const auto init = Find(&::AVIFileInit, "AVIFileInit");
+    static const auto init = Find<decltype(::AVIFileInit)>("AVIFileInit");
     if (init)
         init();
 }
 
 void ExitLibrary()
 {
-    static const auto exit = Find(&::AVIFileExit, "AVIFileExit");
+    static const auto exit = Find<decltype(::AVIFileExit)>("AVIFileExit");
     if (exit)
         exit();
 }
 
 HRESULT OpenPlain(IAVIFile** file, LPCWSTR path, UINT mode)
 {
-    static const auto open = Find(&::AVIFileOpenW, "AVIFileOpenW");
+    static const auto open = Find<decltype(::AVIFileOpenW)>("AVIFileOpenW");
     return Call(open, file, path, mode, nullptr);
 }
 
 ULONG ReleaseFile(IAVIFile* file)
 {
-    static const auto release = Find(&::AVIFileRelease, "AVIFileRelease");
+    static const auto release = Find<decltype(::AVIFileRelease)>("AVIFileRelease");
     return release ? release(file) : 0;
 }
 
@@ -72,55 +73,55 @@ HRESULT OpenFile(IAVIFile** file, LPCWSTR path, UINT mode)
 
 HRESULT CreateStream(IAVIFile* file, IAVIStream** stream, AVISTREAMINFOW* info)
 {
-    static const auto create = Find(&::AVIFileCreateStreamW, "AVIFileCreateStreamW");
+    static const auto create = Find<decltype(::AVIFileCreateStreamW)>("AVIFileCreateStreamW");
     return Call(create, file, stream, info);
 }
 
 HRESULT CompressStream(IAVIStream** compressed, IAVIStream* raw, AVICOMPRESSOPTIONS* options)
 {
-    static const auto compress = Find(&::AVIMakeCompressedStream, "AVIMakeCompressedStream");
+    static const auto compress = Find<decltype(::AVIMakeCompressedStream)>("AVIMakeCompressedStream");
     return Call(compress, compressed, raw, options, nullptr);
 }
 
 HRESULT SetFormat(IAVIStream* stream, void* format, LONG size)
 {
-    static const auto set = Find(&::AVIStreamSetFormat, "AVIStreamSetFormat");
+    static const auto set = Find<decltype(::AVIStreamSetFormat)>("AVIStreamSetFormat");
     return Call(set, stream, 0, format, size);
 }
 
 HRESULT WriteSample(IAVIStream* stream, LONG index, void* sample, LONG size, DWORD flags, LONG* written)
 {
-    static const auto write = Find(&::AVIStreamWrite, "AVIStreamWrite");
+    static const auto write = Find<decltype(::AVIStreamWrite)>("AVIStreamWrite");
     return Call(write, stream, index, 1, sample, size, flags, nullptr, written);
 }
 
 HRESULT StreamInfo(IAVIStream* stream, AVISTREAMINFOW* info)
 {
-    static const auto ask = Find(&::AVIStreamInfoW, "AVIStreamInfoW");
+    static const auto ask = Find<decltype(::AVIStreamInfoW)>("AVIStreamInfoW");
     return Call(ask, stream, info, static_cast<LONG>(sizeof *info));
 }
 
 HRESULT ReadFormat(IAVIStream* stream, void* format, LONG* size)
 {
-    static const auto read = Find(&::AVIStreamReadFormat, "AVIStreamReadFormat");
+    static const auto read = Find<decltype(::AVIStreamReadFormat)>("AVIStreamReadFormat");
     return Call(read, stream, 0, format, size);
 }
 
 ULONG ReleaseStream(IAVIStream* stream)
 {
-    static const auto release = Find(&::AVIStreamRelease, "AVIStreamRelease");
+    static const auto release = Find<decltype(::AVIStreamRelease)>("AVIStreamRelease");
     return release ? release(stream) : 0;
 }
 
 bool ChooseOptions(HWND owner, IAVIStream* stream, AVICOMPRESSOPTIONS* options)
 {
-    static const auto choose = Find(&::AVISaveOptions, "AVISaveOptions");
+    static const auto choose = Find<decltype(::AVISaveOptions)>("AVISaveOptions");
     return choose && choose(owner, ICMF_CHOOSE_KEYFRAME | ICMF_CHOOSE_DATARATE, 1, &stream, &options);
 }
 
 void FreeOptions(AVICOMPRESSOPTIONS* options)
 {
-    static const auto free = Find(&::AVISaveOptionsFree, "AVISaveOptionsFree");
+    static const auto free = Find<decltype(::AVISaveOptionsFree)>("AVISaveOptionsFree");
     if (free)
         free(1, &options);
 }
